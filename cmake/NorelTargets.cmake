@@ -1,0 +1,60 @@
+# How every target of the project is built: the language, the warnings, the sanitizers, the exports.
+
+include(GenerateExportHeader)
+
+function(norel_configure_target target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON)
+    if(MSVC)
+        target_compile_options(${target} PRIVATE /W4 /utf-8 $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:/WX>)
+        return()
+    endif()
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Wold-style-cast -Wimplicit-fallthrough
+        $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:-Werror>)
+    if(NOREL_SANITIZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS} -fno-sanitize-recover=all)
+        target_link_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS})
+    endif()
+endfunction()
+
+# norel_add_library(TARGET SHORT_NAME EXPORT_HEADER SOURCES ...)
+#
+# Adds the installed shared library TARGET with the alias norel::SHORT_NAME and its generated export header, which
+# defines NOREL_<SHORT_NAME>_EXPORT and is included as EXPORT_HEADER.
+function(norel_add_library target shortName exportHeader)
+    cmake_parse_arguments(PARSE_ARGV 3 ARG "" "" "SOURCES")
+    add_library(${target} SHARED ${ARG_SOURCES})
+    add_library(norel::${shortName} ALIAS ${target})
+    norel_configure_target(${target})
+    set_target_properties(${target} PROPERTIES
+        EXPORT_NAME ${shortName}
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        BUILD_RPATH_USE_ORIGIN ON)
+    if(NOT APPLE)
+        set_target_properties(${target} PROPERTIES INSTALL_RPATH $ORIGIN)
+    endif()
+    set(generated ${CMAKE_CURRENT_BINARY_DIR}/include)
+    generate_export_header(${target}
+        BASE_NAME norel_${shortName}
+        EXPORT_FILE_NAME ${generated}/${exportHeader})
+    target_include_directories(${target} PUBLIC
+        $<BUILD_INTERFACE:${generated}>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    install(TARGETS ${target} EXPORT norel-payloads)
+    install(DIRECTORY ${generated}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+endfunction()
+
+
+# norel_add_test(TARGET SOURCES ... LIBRARIES ...): a GoogleTest program whose cases CTest runs.
+function(norel_add_test target)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES")
+    add_executable(${target} ${ARG_SOURCES})
+    norel_configure_target(${target})
+    target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
+    gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 60)
+endfunction()

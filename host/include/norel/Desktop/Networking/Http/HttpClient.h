@@ -1,0 +1,77 @@
+#pragma once
+
+#include "norel/Desktop/Networking/Export.h"
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+namespace norel::Desktop::Networking::Http {
+
+/// Sends HTTP requests; implemented by the application. Whether several threads may share one client is the
+/// implementation's to say.
+class NOREL_NETWORKING_EXPORT HttpClient {
+public:
+    enum class Method : std::uint32_t { Get = 0 };
+
+    /// One request; made by its Builder.
+    struct Request {
+        struct Builder;
+
+        Method method;
+        std::string url;  ///< the absolute address
+        std::string body; ///< the content sent, none when empty
+        std::string key;  ///< when not empty, sent as a bearer token
+    };
+
+    /// The service's answer, whatever its status.
+    struct Response {
+        std::uint32_t statusCode = 0; ///< the HTTP status, such as 200 or 404
+        std::string body;
+
+        /// Whether the status is in 200 to 299.
+        bool isSuccess() const { return statusCode >= 200 && statusCode < 300; }
+    };
+
+    /// No response could be obtained: what() names the address and the reason.
+    struct NOREL_NETWORKING_EXPORT HttpRequestFailed : std::exception {
+        explicit HttpRequestFailed(std::string message);
+        HttpRequestFailed(const HttpRequestFailed&) = default;
+        HttpRequestFailed& operator=(const HttpRequestFailed&) = default;
+        ~HttpRequestFailed() override;
+
+        const char* what() const noexcept override;
+
+    private:
+        std::string message;
+    };
+
+    virtual ~HttpClient();
+
+    /// Sends the request and waits for the answer. Throws HttpRequestFailed when there is none.
+    virtual Response send(const Request& request) = 0;
+
+protected:
+    HttpClient() = default;
+    HttpClient(const HttpClient&) = default;
+    HttpClient& operator=(const HttpClient&) = default;
+};
+
+struct HttpClient::Request::Builder {
+    Method method = Method::Get;
+    std::string url;
+    std::string body;
+    std::string key;
+
+    Request build() const { return {method, url, body, key}; }
+};
+
+} // namespace norel::Desktop::Networking::Http
+
+namespace norel::Desktop::Utils::ConvertToGenericString {
+
+/// A response for messages: its status and, when there is any, a bounded and printable beginning of its body.
+NOREL_NETWORKING_EXPORT std::string
+convertToGenericString(const Networking::Http::HttpClient::Response& response);
+
+} // namespace norel::Desktop::Utils::ConvertToGenericString

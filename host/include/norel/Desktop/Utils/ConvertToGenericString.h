@@ -1,0 +1,15 @@
+#pragma once
+
+#include "norel/Desktop/Utils/Export.h"
+
+#include <string>
+
+/// The text of a value for messages, the same in every locale. Any thread may call these functions.
+namespace norel::Desktop::Utils::ConvertToGenericString {
+
+/// The shortest decimal text that reads back to the same number: "0.5", "1e-05", "360".
+NOREL_UTILS_EXPORT std::string convertToGenericString(double number);
+NOREL_UTILS_EXPORT std::string convertToGenericString(unsigned int number);
+NOREL_UTILS_EXPORT std::string convertToGenericString(int number);
+
+} // namespace norel::Desktop::Utils::ConvertToGenericString

@@ -1,0 +1,7 @@
+#include "norel/Desktop/Storage/TextFileStorage.h"
+
+namespace norel::Desktop::Storage {
+
+TextFileStorage::~TextFileStorage() = default;
+
+} // namespace norel::Desktop::Storage

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "norel/Desktop/Storage/TextFileStorage.h"
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <stdexcept>
+#include <string>
+
+namespace norel::Desktop::Test {
+
+/// Files in memory, with the number of calls of each operation. What `fail...` throws, the operation throws before it
+/// changes anything.
+struct InMemoryTextFileStorage : Storage::TextFileStorage {
+    std::string read(const std::filesystem::path& path) override {
+        ++reads;
+        failRead();
+        const auto file = files.find(path);
+        if (file == files.end())
+            throw std::runtime_error("there is no file " + path.string());
+        return file->second;
+    }
+
+    void remove(const std::filesystem::path& path) override {
+        ++removes;
+        failRemove();
+        files.erase(path);
+    }
+
+    void write(const std::filesystem::path& path, const std::string& text) override {
+        ++writes;
+        failWrite();
+        files[path] = text;
+    }
+
+    std::map<std::filesystem::path, std::string> files;
+    std::function<void()> failRead = [] {};
+    std::function<void()> failRemove = [] {};
+    std::function<void()> failWrite = [] {};
+    int reads = 0;
+    int removes = 0;
+    int writes = 0;
+};
+
+} // namespace norel::Desktop::Test

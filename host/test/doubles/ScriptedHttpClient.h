@@ -1,0 +1,21 @@
+#pragma once
+
+#include "norel/Desktop/Networking/Http/HttpClient.h"
+
+#include <functional>
+#include <vector>
+
+namespace norel::Desktop::Test {
+
+/// A client that answers with what `answer` gives or throws, and keeps the requests it was sent.
+struct ScriptedHttpClient : Networking::Http::HttpClient {
+    Response send(const Request& request) override {
+        requests.push_back(request);
+        return answer();
+    }
+
+    std::function<Response()> answer = [] { return Response{200, "[]"}; };
+    std::vector<Request> requests;
+};
+
+} // namespace norel::Desktop::Test
