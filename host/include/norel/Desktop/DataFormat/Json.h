@@ -24,7 +24,8 @@ class JsonConstIterator;
 /// taken from, and what is changed in that value is seen through the view. A view may be kept for any time, also
 /// longer than that value; it designates its member by key, so using a view whose member is gone raises JsonError.
 /// Copying a view gives an independent value, moving it gives the view itself; assigning to a view makes it
-/// another value and leaves the one it was taken from as it is.
+/// another value and leaves the one it was taken from as it is. Moving a value takes its views along; assigning to
+/// it leaves them what they were.
 ///
 /// Threads: distinct objects may be used by distinct threads, also when one is a copy of the other (a view and
 /// the value it was taken from count as one object). One object serves one thread at a time, even for reading.
@@ -158,7 +159,7 @@ public:
 
     void operator++() { ++position; }
 
-    /// The element at the position.
+    /// The element at the position. Throws Json::JsonError when the position is past the last one.
     Json operator*() const;
 
 private:

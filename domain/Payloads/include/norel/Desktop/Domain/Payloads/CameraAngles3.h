@@ -1,0 +1,47 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Access.h"
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/Parameter.h"
+
+#include <utility>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// The boresight angles of a camera, in minutes of arc ("arcmin") in the factory profiles.
+class NOREL_PAYLOADS_EXPORT CameraAngles3 {
+public:
+    struct Builder;
+
+    Parameter<double> getTx() const { return fields.tx; }
+    Parameter<double> getTy() const { return fields.ty; }
+    Parameter<double> getTz() const { return fields.tz; }
+
+    bool operator==(const CameraAngles3&) const = default;
+
+private:
+    friend ValueAccess;
+
+    struct Fields {
+        Parameter<double> tx;
+        Parameter<double> ty;
+        Parameter<double> tz;
+        bool operator==(const Fields&) const = default;
+    };
+
+    explicit CameraAngles3(Fields&& fields) : fields(std::move(fields)) {}
+
+    Fields fields;
+};
+
+/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
+/// that fails.
+struct NOREL_PAYLOADS_EXPORT CameraAngles3::Builder {
+    Parameter<double>::Builder tx;
+    Parameter<double>::Builder ty;
+    Parameter<double>::Builder tz;
+
+    CameraAngles3 build() const;
+};
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Access.h"
+#include "norel/Desktop/Domain/Payloads/Export.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// An angular range in degrees. Its bounds are not limited and need not be symmetric.
+class NOREL_PAYLOADS_EXPORT FieldOfViewRange {
+public:
+    /// The fields of a range before they are checked; a fresh one has no unit and so does not build.
+    struct NOREL_PAYLOADS_EXPORT Builder {
+        double minimum = 0; ///< degrees, inclusive
+        double maximum = 0; ///< degrees, inclusive
+        std::string unit;   ///< "deg"
+
+        /// Throws std::invalid_argument when the minimum exceeds the maximum, then when the unit is not
+        /// "deg".
+        FieldOfViewRange build() const;
+
+        bool operator==(const Builder&) const = default;
+    };
+
+    double getMinimum() const { return fields.minimum; }
+    double getMaximum() const { return fields.maximum; }
+    std::string getUnit() const { return fields.unit; }
+
+    bool operator==(const FieldOfViewRange&) const = default;
+
+private:
+    friend ValueAccess;
+    using Fields = Builder;
+
+    explicit FieldOfViewRange(Fields&& fields) : fields(std::move(fields)) {}
+
+    Fields fields;
+};
+
+/// One field of view that can be chosen.
+class NOREL_PAYLOADS_EXPORT FieldOfView {
+public:
+    struct Builder;
+
+    FieldOfViewRange getView() const { return fields.view; } ///< the range scanned
+    /// the range kept; not related to the view by any rule
+    FieldOfViewRange getFilter() const { return fields.filter; }
+    bool getIsDefault() const { return fields.isDefault; }
+
+    bool operator==(const FieldOfView&) const = default;
+
+private:
+    friend ValueAccess;
+
+    struct Fields {
+        FieldOfViewRange view;
+        FieldOfViewRange filter;
+        bool isDefault;
+        bool operator==(const Fields&) const = default;
+    };
+
+    explicit FieldOfView(Fields&& fields) : fields(std::move(fields)) {}
+
+    Fields fields;
+};
+
+/// Builds the filter, then the view. Throws std::invalid_argument with the message of the first that fails;
+/// a fresh Builder does not build.
+struct NOREL_PAYLOADS_EXPORT FieldOfView::Builder {
+    FieldOfViewRange::Builder view;
+    FieldOfViewRange::Builder filter;
+    bool isDefault = false;
+
+    FieldOfView build() const;
+};
+
+/// The fields of view that a lidar offers, in the order given: at least one, exactly one of them the default,
+/// no two with the same view.
+class NOREL_PAYLOADS_EXPORT FieldOfViews {
+public:
+    struct Builder;
+
+    const std::vector<FieldOfView>& getListOfFieldOfViews() const { return fields.listOfFieldOfViews; }
+
+    bool operator==(const FieldOfViews&) const = default;
+
+private:
+    friend ValueAccess;
+
+    struct Fields {
+        std::vector<FieldOfView> listOfFieldOfViews;
+        bool operator==(const Fields&) const = default;
+    };
+
+    explicit FieldOfViews(Fields&& fields);
+
+    Fields fields;
+};
+
+/// Builds the items from the first to the last. Throws std::invalid_argument with the message of the first
+/// that fails, or of the first rule of the list that fails; a fresh Builder does not build.
+struct NOREL_PAYLOADS_EXPORT FieldOfViews::Builder {
+    std::vector<FieldOfView::Builder> listOfFieldOfViews;
+
+    FieldOfViews build() const;
+};
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Access.h"
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/Parameter.h"
+
+#include <utility>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// The settings of the coverage preview, which is computed from a downsampled point cloud.
+class NOREL_PAYLOADS_EXPORT LidarCoveragePreview {
+public:
+    struct Builder;
+
+    /// no unit, greater than 0 and smaller than 1
+    Parameter<double> getDownsamplingRate() const { return fields.downsamplingRate; }
+
+    bool operator==(const LidarCoveragePreview&) const = default;
+
+private:
+    friend ValueAccess;
+
+    struct Fields {
+        Parameter<double> downsamplingRate;
+        bool operator==(const Fields&) const = default;
+    };
+
+    explicit LidarCoveragePreview(Fields&& fields) : fields(std::move(fields)) {}
+
+    Fields fields;
+};
+
+/// Checks the rate, then builds it. Throws std::invalid_argument; a fresh Builder does not build.
+struct NOREL_PAYLOADS_EXPORT LidarCoveragePreview::Builder {
+    Parameter<double>::Builder downsamplingRate;
+
+    LidarCoveragePreview build() const;
+};
+
+} // namespace norel::Desktop::Domain::Payloads

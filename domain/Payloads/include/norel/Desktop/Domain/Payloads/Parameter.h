@@ -1,0 +1,62 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Access.h"
+#include "norel/Desktop/Domain/Payloads/Export.h"
+
+#include <limits>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// A bounded numeric setting: its value, the inclusive range that the value, the default and every preset lie
+/// in, and the resolution and unit of all of them. T is double, unsigned int or int.
+///
+/// Immutable once built. The library never converts between units and never rounds a value to its precision.
+/// As for every value of this library, distinct objects may be used by distinct threads, and one object may
+/// be read by several threads at once.
+template <typename T>
+class NOREL_PAYLOADS_EXPORT Parameter {
+public:
+    /// The fields of a Parameter before they are checked.
+    struct NOREL_PAYLOADS_EXPORT Builder {
+        T value = 0;
+        T minimum = std::numeric_limits<T>::lowest(); ///< inclusive
+        T maximum = std::numeric_limits<T>::max();    ///< inclusive
+        T defaultValue = 0;
+        std::map<std::string, T> presets; ///< named values
+        double precision = 1.0; ///< the resolution, a power of ten: its logarithm is whole within 0.001
+        std::string unit;       ///< "sec", "m", "deg", "arcmin", "pts/m^2", "px" or empty for none
+
+        /// Throws std::invalid_argument that begins "Profile Parameter: " at the first rule that fails: the
+        /// order of the bounds, the default, the presets, the value, the unit, the precision.
+        Parameter build() const;
+
+        bool operator==(const Builder&) const = default;
+    };
+
+    T getValue() const { return fields.value; }
+    T getMinimum() const { return fields.minimum; }
+    T getMaximum() const { return fields.maximum; }
+    T getDefaultValue() const { return fields.defaultValue; }
+    std::map<std::string, T> getPresets() const { return fields.presets; }
+    double getPrecision() const { return fields.precision; }
+    std::string getUnit() const { return fields.unit; }
+
+    bool operator==(const Parameter&) const = default;
+
+private:
+    friend ValueAccess;
+    using Fields = Builder;
+
+    explicit Parameter(Fields&& fields) : fields(std::move(fields)) {}
+
+    Fields fields;
+};
+
+extern template class Parameter<double>;
+extern template class Parameter<unsigned int>;
+extern template class Parameter<int>;
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Access.h"
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/Parameter.h"
+
+#include <utility>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// The rejection of points that lie apart from the surface around them.
+class NOREL_PAYLOADS_EXPORT MorphologicalRejection {
+public:
+    struct Builder;
+
+    /// "pts/m^2"
+    Parameter<unsigned int> getAveragePointCloudDensity() const { return fields.averagePointCloudDensity; }
+    /// no unit
+    Parameter<double> getOutlyingScoreThreshold() const { return fields.outlyingScoreThreshold; }
+    Parameter<double> getCopWeighting() const { return fields.copWeighting; } ///< no unit
+
+    bool operator==(const MorphologicalRejection&) const = default;
+
+private:
+    friend ValueAccess;
+
+    struct Fields {
+        Parameter<unsigned int> averagePointCloudDensity;
+        Parameter<double> outlyingScoreThreshold;
+        Parameter<double> copWeighting;
+        bool operator==(const Fields&) const = default;
+    };
+
+    explicit MorphologicalRejection(Fields&& fields) : fields(std::move(fields)) {}
+
+    Fields fields;
+};
+
+/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
+/// that fails.
+struct NOREL_PAYLOADS_EXPORT MorphologicalRejection::Builder {
+    Parameter<unsigned int>::Builder averagePointCloudDensity;
+    Parameter<double>::Builder outlyingScoreThreshold;
+    Parameter<double>::Builder copWeighting;
+
+    MorphologicalRejection build() const;
+};
+
+/// The settings of the precision enhancement of the point cloud. Units are those of the factory profiles; no
+/// rule relates one setting to another.
+class NOREL_PAYLOADS_EXPORT PrecisionEnhancement {
+public:
+    struct Builder;
+
+    /// "m"
+    Parameter<double> getAveragePointCloudThickness() const { return fields.averagePointCloudThickness; }
+    Parameter<double> getSuppressionThreshold() const { return fields.suppressionThreshold; } ///< "m"
+    Parameter<unsigned int> getSharpener() const { return fields.sharpener; }
+    Parameter<unsigned int> getMinimumNeighborsToBeProcessed() const {
+        return fields.minimumNeighborsToBeProcessed;
+    }
+    Parameter<unsigned int> getMaximumNeighborsToConsider() const {
+        return fields.maximumNeighborsToConsider;
+    }
+    Parameter<unsigned int> getMinimumNeighborsToBeIsolated() const {
+        return fields.minimumNeighborsToBeIsolated;
+    }
+    MorphologicalRejection getMorphologicalRejection() const { return fields.morphologicalRejection; }
+
+    bool operator==(const PrecisionEnhancement&) const = default;
+
+private:
+    friend ValueAccess;
+
+    struct Fields {
+        Parameter<double> averagePointCloudThickness;
+        Parameter<double> suppressionThreshold;
+        Parameter<unsigned int> sharpener;
+        Parameter<unsigned int> minimumNeighborsToBeProcessed;
+        Parameter<unsigned int> maximumNeighborsToConsider;
+        Parameter<unsigned int> minimumNeighborsToBeIsolated;
+        MorphologicalRejection morphologicalRejection;
+        bool operator==(const Fields&) const = default;
+    };
+
+    explicit PrecisionEnhancement(Fields&& fields) : fields(std::move(fields)) {}
+
+    Fields fields;
+};
+
+/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
+/// that fails.
+struct NOREL_PAYLOADS_EXPORT PrecisionEnhancement::Builder {
+    Parameter<double>::Builder averagePointCloudThickness;
+    Parameter<double>::Builder suppressionThreshold;
+    Parameter<unsigned int>::Builder sharpener;
+    Parameter<unsigned int>::Builder minimumNeighborsToBeProcessed;
+    Parameter<unsigned int>::Builder maximumNeighborsToConsider;
+    Parameter<unsigned int>::Builder minimumNeighborsToBeIsolated;
+    MorphologicalRejection::Builder morphologicalRejection;
+
+    PrecisionEnhancement build() const;
+};
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "norel/Desktop/DateTime/DateTime.h"
+#include "norel/Desktop/Domain/Payloads/Access.h"
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/Lidar.h"
+#include "norel/Desktop/Domain/Payloads/Trajectory.h"
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// A payload profile: the identity of one product configuration and its sensor setup.
+///
+/// Immutable once built, but for the id and the two times, which lists and use cases set.
+class NOREL_PAYLOADS_EXPORT Profile {
+public:
+    struct Builder;
+
+    /// A profile has no name or no product.
+    struct NOREL_PAYLOADS_EXPORT InvalidProfile : std::runtime_error {
+        using std::runtime_error::runtime_error;
+        InvalidProfile(const InvalidProfile&) = default;
+        InvalidProfile& operator=(const InvalidProfile&) = default;
+        ~InvalidProfile() override;
+    };
+
+    /// The id of a profile that no list has numbered yet.
+    static constexpr unsigned int ID_IS_UNASSIGNED = 4294967295;
+
+    unsigned int getId() const { return fields.id; }
+    std::string getName() const { return fields.name; }                 ///< for display, never empty
+    std::string getProduct() const { return fields.product; }           ///< never empty
+    std::string getSerialNumber() const { return fields.serialNumber; } ///< may be empty
+    DateTime::DateTime getCreationTime() const { return fields.creationTime; }
+    DateTime::DateTime getLastModificationTime() const { return fields.lastModificationTime; }
+    std::optional<Lidar> getLidar() const { return fields.lidar; } ///< empty for a product without one
+    Trajectory getTrajectory() const { return fields.trajectory; }
+
+    // The setters check nothing.
+    void setId(unsigned int id) { fields.id = id; }
+    void setCreationTime(const DateTime::DateTime& time) { fields.creationTime = time; }
+    void setLastModificationTime(const DateTime::DateTime& time) { fields.lastModificationTime = time; }
+
+    bool operator==(const Profile&) const = default;
+
+private:
+    friend ValueAccess;
+
+    struct Fields {
+        unsigned int id;
+        std::string name;
+        std::string product;
+        std::string serialNumber;
+        DateTime::DateTime creationTime;
+        DateTime::DateTime lastModificationTime;
+        std::optional<Lidar> lidar;
+        Trajectory trajectory;
+        bool operator==(const Fields&) const = default;
+    };
+
+    explicit Profile(Fields&& fields);
+
+    Fields fields;
+};
+
+/// Builds the trajectory, then the lidar, then checks the name and the product. Throws the exceptions of the
+/// members and InvalidProfile; a fresh Builder does not build.
+struct NOREL_PAYLOADS_EXPORT Profile::Builder {
+    unsigned int id = ID_IS_UNASSIGNED;
+    std::string name;
+    std::string product;
+    std::string serialNumber;
+    DateTime::DateTime creationTime;
+    DateTime::DateTime lastModificationTime;
+    std::optional<Lidar::Builder> lidar;
+    Trajectory::Builder trajectory;
+
+    Profile build() const;
+};
+
+} // namespace norel::Desktop::Domain::Payloads

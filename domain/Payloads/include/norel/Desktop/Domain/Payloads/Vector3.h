@@ -1,0 +1,48 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Access.h"
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/Parameter.h"
+
+#include <utility>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// Three coordinates: a lever arm, an offset or a per-axis accuracy, in metres ("m") in the factory
+/// profiles.
+class NOREL_PAYLOADS_EXPORT Vector3 {
+public:
+    struct Builder;
+
+    Parameter<double> getX() const { return fields.x; }
+    Parameter<double> getY() const { return fields.y; }
+    Parameter<double> getZ() const { return fields.z; }
+
+    bool operator==(const Vector3&) const = default;
+
+private:
+    friend ValueAccess;
+
+    struct Fields {
+        Parameter<double> x;
+        Parameter<double> y;
+        Parameter<double> z;
+        bool operator==(const Fields&) const = default;
+    };
+
+    explicit Vector3(Fields&& fields) : fields(std::move(fields)) {}
+
+    Fields fields;
+};
+
+/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
+/// that fails.
+struct NOREL_PAYLOADS_EXPORT Vector3::Builder {
+    Parameter<double>::Builder x;
+    Parameter<double>::Builder y;
+    Parameter<double>::Builder z;
+
+    Vector3 build() const;
+};
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,9 @@
+#include "norel/Desktop/Domain/Payloads/Angles3.h"
+
+#include "Building.h"
+
+namespace norel::Desktop::Domain::Payloads {
+
+Angles3 Angles3::Builder::build() const { return buildLastToFirst<Angles3>(roll, pitch, yaw); }
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,9 @@
+#include "norel/Desktop/Domain/Payloads/CameraAngles3.h"
+
+#include "Building.h"
+
+namespace norel::Desktop::Domain::Payloads {
+
+CameraAngles3 CameraAngles3::Builder::build() const { return buildLastToFirst<CameraAngles3>(tx, ty, tz); }
+
+} // namespace norel::Desktop::Domain::Payloads

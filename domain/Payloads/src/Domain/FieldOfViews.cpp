@@ -1,0 +1,49 @@
+#include "norel/Desktop/Domain/Payloads/FieldOfViews.h"
+
+#include "Building.h"
+#include "norel/Desktop/Utils/ConvertToGenericString.h"
+
+#include <algorithm>
+#include <functional>
+#include <stdexcept>
+
+namespace norel::Desktop::Domain::Payloads {
+
+using Utils::ConvertToGenericString::convertToGenericString;
+
+FieldOfViewRange FieldOfViewRange::Builder::build() const {
+    if (minimum > maximum)
+        throw std::invalid_argument("Profile FieldOfViewRange: minimum (" + convertToGenericString(minimum) +
+                                    ") must be smaller or equal to maximum (" +
+                                    convertToGenericString(maximum) + ")");
+    if (unit != "deg")
+        throw std::invalid_argument("Profile FieldOfViewRange: unit must be \"deg\"");
+    return FieldOfViewRange(Fields(*this));
+}
+
+FieldOfView FieldOfView::Builder::build() const {
+    return buildLastToFirst<FieldOfView>(view, filter, isDefault);
+}
+
+FieldOfViews::FieldOfViews(Fields&& fields) : fields(std::move(fields)) {
+    const std::vector<FieldOfView>& list = this->fields.listOfFieldOfViews;
+    if (list.empty())
+        throw std::invalid_argument("Profile FieldOfViews: at least one FieldOfView is required");
+    if (std::count_if(list.begin(), list.end(), std::mem_fn(&FieldOfView::getIsDefault)) != 1)
+        throw std::invalid_argument("Profile FieldOfViews: exactly one FieldOfView must be default");
+    for (auto item = list.begin(); item != list.end(); ++item) {
+        const bool isRepeated =
+            std::any_of(list.begin(), item, [view = item->getView()](const FieldOfView& earlier) {
+                return earlier.getView().getMinimum() == view.getMinimum() &&
+                       earlier.getView().getMaximum() == view.getMaximum();
+            });
+        if (isRepeated)
+            throw std::invalid_argument("Profile FieldOfViews: all FieldOfView must be unique");
+    }
+}
+
+FieldOfViews FieldOfViews::Builder::build() const {
+    return buildFirstToLast<FieldOfViews>(listOfFieldOfViews);
+}
+
+} // namespace norel::Desktop::Domain::Payloads

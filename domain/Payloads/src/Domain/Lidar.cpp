@@ -1,0 +1,39 @@
+#include "norel/Desktop/Domain/Payloads/Lidar.h"
+
+#include "Building.h"
+#include "norel/Desktop/Utils/Errors.h"
+#include "norel/Desktop/Utils/StringFunctions.h"
+
+#include <regex>
+#include <set>
+#include <stdexcept>
+
+namespace norel::Desktop::Domain::Payloads {
+namespace {
+
+/// Whether the text names each of the axes x, y and z once, each with or without a minus sign.
+bool isSignedPermutation(const std::string& alignment) {
+    static const std::regex form("-?[xyz] -?[xyz] -?[xyz]");
+    if (!std::regex_match(alignment, form))
+        return false;
+    std::set<char> axes;
+    for (const std::string& term : Utils::StringFunctions::split(alignment, " ")) {
+        if (term.empty())
+            Utils::throwAssertionFailure("alignment term is expected to be at least one letter long",
+                                         "term.size() >= 1", {"domain/Payloads/src/Domain/Lidar", __LINE__});
+        axes.insert(term.front() == '-' ? term[1] : term.front());
+    }
+    return axes.size() == 3;
+}
+
+} // namespace
+
+Lidar Lidar::Builder::build() const {
+    if (!isSignedPermutation(alignment))
+        throw std::invalid_argument("Profile Lidar: alignment \"" + alignment + "\" is invalid");
+    return buildLastToFirst<Lidar>(fileExtension, imuLatency, alignment, leverArm, georeferencing,
+                                   boresightCalibration, precisionEnhancement, lidarCoveragePreview,
+                                   stripAdjustment, groundClassification, pointCloudDirectColorization);
+}
+
+} // namespace norel::Desktop::Domain::Payloads

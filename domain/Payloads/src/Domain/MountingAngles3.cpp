@@ -1,0 +1,9 @@
+#include "norel/Desktop/Domain/Payloads/MountingAngles3.h"
+
+#include "Building.h"
+
+namespace norel::Desktop::Domain::Payloads {
+
+MountingAngles3 MountingAngles3::Builder::build() const { return buildLastToFirst<MountingAngles3>(x, y, z); }
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,72 @@
+#include "norel/Desktop/Domain/Payloads/Parameter.h"
+
+#include "Building.h"
+#include "norel/Desktop/Utils/ConvertToGenericString.h"
+
+#include <cmath>
+#include <stdexcept>
+
+namespace norel::Desktop::Domain::Payloads {
+namespace {
+
+using Utils::ConvertToGenericString::convertToGenericString;
+
+constexpr std::array<std::string_view, 7> UNITS{"sec", "m", "deg", "arcmin", "pts/m^2", "px", ""};
+
+bool isPowerOfTen(double precision) {
+    constexpr double tolerance = 0.001;
+    const double exponent = std::log10(precision);
+    return std::isfinite(exponent) && std::abs(exponent - std::round(exponent)) <= tolerance;
+}
+
+[[noreturn]] void fail(const std::string& rule) { throw std::invalid_argument("Profile Parameter: " + rule); }
+
+template <typename T>
+bool isWithinRange(const typename Parameter<T>::Builder& builder, T number) {
+    return builder.minimum <= number && number <= builder.maximum;
+}
+
+template <typename T>
+std::string rangeRule(const typename Parameter<T>::Builder& builder) {
+    return " must be within min/max (" + convertToGenericString(builder.minimum) + "/" +
+           convertToGenericString(builder.maximum) + ")";
+}
+
+template <typename T>
+void checkPresets(const typename Parameter<T>::Builder& builder) {
+    std::string lines;
+    for (const auto& [name, preset] : builder.presets) {
+        if (isWithinRange<T>(builder, preset))
+            continue;
+        lines += lines.empty() ? "" : "\nProfile Parameter: ";
+        lines += "presets (key: " + name + " with value: " + convertToGenericString(preset) + ")" +
+                 rangeRule<T>(builder);
+    }
+    if (!lines.empty())
+        fail(lines);
+}
+
+} // namespace
+
+template <typename T>
+Parameter<T> Parameter<T>::Builder::build() const {
+    if (minimum > maximum)
+        fail("minimum (" + convertToGenericString(minimum) + ") must be smaller or equal to maximum (" +
+             convertToGenericString(maximum) + ")");
+    if (!isWithinRange<T>(*this, defaultValue))
+        fail("defaultValue (" + convertToGenericString(defaultValue) + ")" + rangeRule<T>(*this));
+    checkPresets<T>(*this);
+    if (!isWithinRange<T>(*this, value))
+        fail("value (" + convertToGenericString(value) + ")" + rangeRule<T>(*this));
+    if (!isOneOf(UNITS, unit))
+        fail("unit \"" + unit + "\" is not supported");
+    if (!isPowerOfTen(precision))
+        fail("precision (" + convertToGenericString(precision) + ") is not a power of ten");
+    return Parameter(Fields(*this));
+}
+
+template class Parameter<double>;
+template class Parameter<unsigned int>;
+template class Parameter<int>;
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Access.h"
+
+#include <utility>
+
+namespace norel::Desktop::Domain::Payloads {
+
+struct ValueAccess {
+    /// The fields in place, where a getter would copy them.
+    template <typename Value>
+    static const auto& fieldsOf(const Value& value) {
+        return value.fields;
+    }
+
+    template <typename List>
+    static const auto& profilesOf(const List& list) {
+        return list.profiles;
+    }
+
+    /// The value of the given fields, which its constructor checks if it has a rule.
+    template <typename Value, typename... Members>
+    static Value make(Members&&... members) {
+        return Value(typename Value::Fields{std::forward<Members>(members)...});
+    }
+};
+
+} // namespace norel::Desktop::Domain::Payloads

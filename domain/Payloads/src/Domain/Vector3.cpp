@@ -1,0 +1,9 @@
+#include "norel/Desktop/Domain/Payloads/Vector3.h"
+
+#include "Building.h"
+
+namespace norel::Desktop::Domain::Payloads {
+
+Vector3 Vector3::Builder::build() const { return buildLastToFirst<Vector3>(x, y, z); }
+
+} // namespace norel::Desktop::Domain::Payloads
