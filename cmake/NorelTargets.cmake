@@ -13,7 +13,7 @@ function(norel_configure_target target)
         return()
     endif()
     target_compile_options(${target} PRIVATE
-        -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Wold-style-cast -Wimplicit-fallthrough
+        -Wall -Wextra -Wpedantic -Wold-style-cast -Wimplicit-fallthrough
         $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:-Werror>)
     if(NOREL_SANITIZERS)
         target_compile_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS} -fno-sanitize-recover=all)

@@ -69,10 +69,12 @@ void setMember(ordered_json& object, const std::string& key, ordered_json&& valu
 std::uint32_t wrapped(const ordered_json& number) {
     if (number.is_number_float()) {
         const double remainder = std::fmod(number.get<double>(), 4294967296.0);
-        return std::isfinite(remainder) ? static_cast<std::uint32_t>(static_cast<std::int64_t>(remainder)) : 0;
+        return std::isfinite(remainder) ? static_cast<std::uint32_t>(static_cast<std::int64_t>(remainder))
+                                        : 0;
     }
     if (number.is_number() || number.is_boolean())
-        return static_cast<std::uint32_t>(number.is_boolean() ? number.get<bool>() : number.get<std::uint64_t>());
+        return static_cast<std::uint32_t>(number.is_boolean() ? number.get<bool>()
+                                                              : number.get<std::uint64_t>());
     return translated([&] { return number.get<std::uint32_t>(); }); // which says why not
 }
 
@@ -110,7 +112,9 @@ Json::IncompatibleTypeError::~IncompatibleTypeError() = default;
 struct Json::Internals {
     static_assert(sizeof(ordered_json) <= OWN_SIZE && alignof(ordered_json) <= alignof(std::max_align_t));
 
-    static ordered_json& own(const Json& json) { return *std::launder(reinterpret_cast<ordered_json*>(json.own)); }
+    static ordered_json& own(const Json& json) {
+        return *std::launder(reinterpret_cast<ordered_json*>(json.own));
+    }
 
     static Json make(ordered_json&& value) {
         Json json;
@@ -235,8 +239,9 @@ Json::Json(Json&& other) noexcept
 }
 
 Json& Json::operator=(const Json& other) {
-    Json copy(other);
-    return *this = std::move(copy);
+    if (this != &other)
+        *this = Json(other);
+    return *this;
 }
 
 Json& Json::operator=(Json&& other) noexcept {
@@ -277,7 +282,7 @@ Json Json::getValue(const std::string& key) {
 void Json::set(const std::string& key, const Json& value) { set(key, Json(value)); }
 
 void Json::set(const std::string& key, Json&& value) {
-    ordered_json taken = Internals::take(std::move(value));
+    ordered_json taken = &value == this ? Internals::read(value) : Internals::take(std::move(value));
     setMember(Internals::write(*this), key, std::move(taken));
 }
 
@@ -297,8 +302,9 @@ JsonConstIterator Json::begin() const {
 JsonConstIterator Json::end() const { return {Json(), Internals::read(*this).size()}; }
 
 Json JsonConstIterator::operator*() const {
+    const std::shared_ptr<Json::Tree>& shared = Json::Internals::share(array); // first: it moves the elements
     const ordered_json& elements = Json::Internals::read(array);
-    return Json::Internals::make(Json::Internals::share(array), elements[position]);
+    return translated([&] { return Json::Internals::make(shared, elements.at(position)); });
 }
 
 template <>

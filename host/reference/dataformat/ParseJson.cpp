@@ -11,9 +11,9 @@ namespace {
 
 using nlohmann::ordered_json;
 
-/// Builds the value from the parser's events. The members of every open array and object wait on one stack; when one
-/// closes they are moved into a container reserved to their number. (Objects are vectors of pairs with a constant
-/// key, which a growing vector would copy, values and all.)
+/// Builds the value from the parser's events. The members of every open array and object wait on one stack;
+/// when one closes they are moved into a container reserved to their number. (Objects are vectors of pairs
+/// with a constant key, which a growing vector would copy, values and all.)
 class TreeBuilder : public nlohmann::json_sax<ordered_json> {
 public:
     bool null() override { return add(nullptr); }
@@ -95,8 +95,8 @@ private:
 
     bool open() {
         if (openContainers.size() == Json::MAXIMUM_DEPTH)
-            throw Json::JsonError("arrays and objects nest deeper than " + std::to_string(Json::MAXIMUM_DEPTH) +
-                                  " levels");
+            throw Json::JsonError("arrays and objects nest deeper than " +
+                                  std::to_string(Json::MAXIMUM_DEPTH) + " levels");
         openContainers.push_back({waiting.size(), keyIsWaiting});
         keyIsWaiting = false;
         return true;
@@ -124,7 +124,8 @@ private:
 ordered_json parseJson(const std::string& text) {
     // The parser takes a NUL for the end of the text.
     if (const auto nul = text.find('\0'); nul != std::string::npos)
-        throw Json::JsonError("a JSON text cannot hold the NUL character found at byte " + std::to_string(nul + 1));
+        throw Json::JsonError("a JSON text cannot hold the NUL character found at byte " +
+                              std::to_string(nul + 1));
     TreeBuilder builder;
     ordered_json::sax_parse(text, &builder);
     return builder.takeRoot();

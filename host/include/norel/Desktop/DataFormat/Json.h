@@ -17,18 +17,19 @@ class JsonConstIterator;
 /// One JSON value: null, boolean, number, string, array or object. Objects keep their members in the order in
 /// which they were set.
 ///
-/// A Json is a value: no copy ever sees a change made to another. Copies, the results of the const getValue and
-/// iteration share one tree behind the scenes and cost nothing until one of them is changed.
+/// A Json is a value: no copy ever sees a change made to another. Copies, the results of the const getValue
+/// and iteration share one tree behind the scenes and cost nothing until one of them is changed.
 ///
-/// A view is the Json that the non-const getValue returns. What is set on a view is set in the value that it was
-/// taken from, and what is changed in that value is seen through the view. A view may be kept for any time, also
-/// longer than that value; it designates its member by key, so using a view whose member is gone raises JsonError.
-/// Copying a view gives an independent value, moving it gives the view itself; assigning to a view makes it
-/// another value and leaves the one it was taken from as it is. Moving a value takes its views along; assigning to
-/// it leaves them what they were.
+/// A view is the Json that the non-const getValue returns. What is set on a view is set in the value that it
+/// was taken from, and what is changed in that value is seen through the view. A view may be kept for any
+/// time, also longer than that value; it designates its member by key, so using a view whose member is gone
+/// raises JsonError. Copying a view gives an independent value, moving it gives the view itself; assigning to
+/// a view makes it another value and leaves the one it was taken from as it is. Moving a value takes its
+/// views along; assigning to it leaves them what they were.
 ///
-/// Threads: distinct objects may be used by distinct threads, also when one is a copy of the other (a view and
-/// the value it was taken from count as one object). One object serves one thread at a time, even for reading.
+/// Threads: distinct objects may be used by distinct threads, also when one is a copy of the other (a view
+/// and the value it was taken from count as one object). One object serves one thread at a time, even for
+/// reading.
 class NOREL_DATAFORMAT_EXPORT Json {
 public:
     /// A text is not JSON, a value cannot be written as JSON, or a member was asked for that is not there.
@@ -47,7 +48,8 @@ public:
         ~IncompatibleTypeError() override;
     };
 
-    /// The deepest nesting of arrays and objects, and the most members of one object, that fromString accepts.
+    /// The deepest nesting of arrays and objects, and the most members of one object, that fromString
+    /// accepts.
     static constexpr std::size_t MAXIMUM_DEPTH = 100;
     static constexpr std::size_t MAXIMUM_MEMBERS = 1000;
 
@@ -74,8 +76,9 @@ public:
     Json& operator=(Json&& other) noexcept;
     ~Json();
 
-    /// Parses a whole JSON text. Throws JsonError when the text is not exactly one JSON value, nests deeper than
-    /// MAXIMUM_DEPTH or holds an object of more than MAXIMUM_MEMBERS. Of members of one name the last one counts.
+    /// Parses a whole JSON text. Throws JsonError when the text is not exactly one JSON value, nests deeper
+    /// than MAXIMUM_DEPTH or holds an object of more than MAXIMUM_MEMBERS. Of members of one name the last
+    /// one counts.
     static Json fromString(const std::string& text);
 
     /// The JSON text, one element or member a line with `indent` blanks a level; on one line when negative.
@@ -88,31 +91,33 @@ public:
     bool isNull() const;
 
     /// The member's value, or a view of it (see above). Throws JsonError when there is none.
-    const Json getValue(const std::string& key) const; // NOLINT(readability-const-return-type): picks the overload
+    const Json
+    getValue(const std::string& key) const; // NOLINT(readability-const-return-type): picks the overload
     Json getValue(const std::string& key);
 
-    /// Stores `value` as member `key`: in the place of the member of that name, or after the others. Makes a null
-    /// an object first. Throws JsonError when this is neither null nor an object.
+    /// Stores `value` as member `key`: in the place of the member of that name, or after the others. Makes a
+    /// null an object first. Throws JsonError when this is neither null nor an object, or a view of a null:
+    /// what a document holds as null is not made an object by the way.
     void set(const std::string& key, const Json& value);
     void set(const std::string& key, Json&& value);
 
-    /// The string held by member `key`. Throws JsonError when there is none, IncompatibleTypeError when it is no
-    /// string.
+    /// The string held by member `key`. Throws JsonError when there is none, IncompatibleTypeError when it is
+    /// no string.
     std::string get(const std::string& key) const;
 
     /// The string held by this value. Throws IncompatibleTypeError when it is no string.
     std::string getAsString() const;
 
-    /// The elements of an array, first to last. They stay what they are while an iterator lives, whatever is done
-    /// to this value. Throws IncompatibleTypeError when this is no array.
+    /// The elements of an array, first to last. They stay what they are while an iterator lives, whatever is
+    /// done to this value. Throws IncompatibleTypeError when this is no array.
     JsonConstIterator begin() const;
     JsonConstIterator end() const;
 
     /// Reads the value as int, unsigned int, double, bool, std::string, std::vector<std::string> or a
     /// std::map<std::string, N> of one of the three number types.
-    /// The integers take any number, and true and false as 1 and 0: a fraction is cut off, and what lies outside the
-    /// type's range wraps modulo 2^32. The others take only their own kind.
-    /// Throws IncompatibleTypeError for another kind.
+    /// The integers take any number, and true and false as 1 and 0: a fraction is cut off, and what lies
+    /// outside the type's range wraps modulo 2^32. The others take only their own kind. Throws
+    /// IncompatibleTypeError for another kind.
     template <typename T>
     T as() const;
 
@@ -146,7 +151,8 @@ NOREL_DATAFORMAT_EXPORT std::string Json::as<std::string>() const;
 template <>
 NOREL_DATAFORMAT_EXPORT std::map<std::string, int> Json::as<std::map<std::string, int>>() const;
 template <>
-NOREL_DATAFORMAT_EXPORT std::map<std::string, unsigned int> Json::as<std::map<std::string, unsigned int>>() const;
+NOREL_DATAFORMAT_EXPORT std::map<std::string, unsigned int>
+Json::as<std::map<std::string, unsigned int>>() const;
 template <>
 NOREL_DATAFORMAT_EXPORT std::map<std::string, double> Json::as<std::map<std::string, double>>() const;
 template <>

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/ProfileListSerializer.h"
+#include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
+#include "norel/Desktop/Storage/TextFileStorage.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// A profile list in a file, reached through the application's text file store.
+class NOREL_PAYLOADS_EXPORT ProfileListFileStorage : public ProfileListStorage {
+public:
+    /// Makes an empty file, which reads as an empty list, where there is nothing at `path`. When that fails
+    /// nothing is said; the first read then fails. Throws std::filesystem::filesystem_error when it cannot be
+    /// told whether something is there. The pointers must not be null.
+    ProfileListFileStorage(const std::filesystem::path& path,
+                           const std::shared_ptr<Storage::TextFileStorage>& textFileStorage,
+                           const std::shared_ptr<ProfileListSerializer>& serializer);
+
+    void remove() override;
+    ProfileList read() override;
+    void write(const ProfileList& list) override;
+
+private:
+    std::filesystem::path path;
+    std::shared_ptr<Storage::TextFileStorage> textFileStorage;
+    std::shared_ptr<ProfileListSerializer> serializer;
+};
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/ProfileListSerializer.h"
+#include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
+#include "norel/Desktop/Networking/Http/HttpClient.h"
+
+#include <memory>
+#include <string>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// The profile list of the processing web service; read only. Each read sends one request and never tries
+/// again. Several threads may read at once where the client allows it.
+class NOREL_PAYLOADS_EXPORT ProfileListHttpStorage : public ProfileListStorage {
+public:
+    /// The service gave no usable answer. `read` passes it on as CannotReadProfileList.
+    struct NOREL_PAYLOADS_EXPORT CannotCompleteRequest : std::runtime_error {
+        explicit CannotCompleteRequest(const std::string& message);
+        CannotCompleteRequest(const CannotCompleteRequest&) = default;
+        CannotCompleteRequest& operator=(const CannotCompleteRequest&) = default;
+        ~CannotCompleteRequest() override;
+    };
+
+    /// `baseUrl` is put right before "api/processing/v1/payload", so it ends with "/"; `requestKey` goes into
+    /// every request. Nothing is checked and nothing is sent. The pointers must not be null.
+    ProfileListHttpStorage(const std::string& baseUrl,
+                           const std::shared_ptr<Networking::Http::HttpClient>& httpClient,
+                           const std::string& requestKey,
+                           const std::shared_ptr<ProfileListSerializer>& serializer);
+
+    /// Refused: throws the host's unreachable-code error.
+    void remove() override;
+
+    ProfileList read() override;
+
+    /// Refused: throws the host's unreachable-code error.
+    void write(const ProfileList& list) override;
+
+private:
+    Networking::Http::HttpClient::Response request() const;
+
+    std::string baseUrl;
+    std::shared_ptr<Networking::Http::HttpClient> httpClient;
+    std::string requestKey;
+    std::shared_ptr<ProfileListSerializer> serializer;
+};
+
+} // namespace norel::Desktop::Domain::Payloads

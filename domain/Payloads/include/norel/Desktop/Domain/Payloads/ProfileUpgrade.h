@@ -1,0 +1,29 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Storage/TextFileStorage.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// Brings a stored profile-list document forward, one document version at a time: the sections that the next
+/// version added or retuned are taken from the factory profile of the same product. Holds no state.
+class NOREL_PAYLOADS_EXPORT ProfileUpgrade {
+public:
+    /// Replaces, in every profile of the file that has a lidar, the sections that `version` (2 to 5) brought
+    /// by those of its product in `defaultsDocument`, which is
+    /// DefaultProducts::getSourceDocumentFromVersionInfo(version). The product is matched without regard to
+    /// the case of ASCII letters. Any other version changes no value.
+    ///
+    /// The file is written once, at the end; every failure leaves it as it was. Throws std::invalid_argument
+    /// for a product that the defaults lack, the host's JsonError for a text that is not JSON or lacks a
+    /// section, and what the store throws. The file must not be changed by others meanwhile.
+    virtual void upgradeToVersion(unsigned int version,
+                                  const std::shared_ptr<Storage::TextFileStorage>& textFileStorage,
+                                  const std::filesystem::path& path, const std::string& defaultsDocument);
+};
+
+} // namespace norel::Desktop::Domain::Payloads

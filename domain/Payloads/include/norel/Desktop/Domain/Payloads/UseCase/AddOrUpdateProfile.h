@@ -1,0 +1,29 @@
+#pragma once
+
+#include "norel/Desktop/DateTime/ClockProvider.h"
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
+
+#include <memory>
+
+namespace norel::Desktop::Domain::Payloads::UseCase {
+
+/// Stores a profile: in the place of the stored one of its id, or at the end of the list. One
+/// read-change-write cycle, not atomic: the application keeps apart the use cases that share a storage.
+class NOREL_PAYLOADS_EXPORT AddOrUpdateProfile {
+public:
+    /// Throws std::runtime_error that names the first pointer that is null.
+    AddOrUpdateProfile(const std::shared_ptr<ProfileListStorage>& profileListStorage,
+                       const std::shared_ptr<DateTime::ClockProvider>& clockProvider);
+
+    /// Stamps the caller's profile with the current time (both times when it is added, the modification time
+    /// when it is updated), numbers it when it is added, and stores it. Throws what the storage and the clock
+    /// throw; after a failed read the caller's profile is as it was.
+    void execute(Profile& profile);
+
+private:
+    std::shared_ptr<ProfileListStorage> profileListStorage;
+    std::shared_ptr<DateTime::ClockProvider> clockProvider;
+};
+
+} // namespace norel::Desktop::Domain::Payloads::UseCase

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/Export.h"
+#include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
+
+#include <memory>
+
+namespace norel::Desktop::Domain::Payloads::UseCase {
+
+/// Copies the profiles of a source into a destination that has none of their name. One read-change-write
+/// cycle, not atomic.
+class NOREL_PAYLOADS_EXPORT MergeProfileStorages {
+public:
+    /// Throws std::runtime_error that names the first pointer that is null.
+    MergeProfileStorages(const std::shared_ptr<ProfileListStorage>& sourceStorage,
+                         const std::shared_ptr<ProfileListStorage>& destinationStorage);
+
+    /// Names are compared byte for byte; of source profiles of one name the first is taken. The destination's
+    /// own profiles stay as they are; a profile added keeps its time stamps, and its id where that is free.
+    /// The destination is written also when nothing is added. Throws what the storages throw.
+    void execute();
+
+private:
+    std::shared_ptr<ProfileListStorage> sourceStorage;
+    std::shared_ptr<ProfileListStorage> destinationStorage;
+};
+
+} // namespace norel::Desktop::Domain::Payloads::UseCase

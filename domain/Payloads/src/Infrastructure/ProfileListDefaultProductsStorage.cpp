@@ -1,0 +1,32 @@
+#include "norel/Desktop/Domain/Payloads/ProfileListDefaultProductsStorage.h"
+
+#include "StorageErrors.h"
+#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+#include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
+#include "norel/Desktop/Utils/Errors.h"
+
+namespace norel::Desktop::Domain::Payloads {
+namespace {
+
+constexpr const char* SOURCE_FILE = "Infrastructure/ProfileListDefaultProductsStorage";
+
+} // namespace
+
+void ProfileListDefaultProductsStorage::remove() {
+    Utils::throwUnreachableCodeError(
+        "an unexpected ProfileListDefaultProductsStorage::remove was called, storage is not removable",
+        {SOURCE_FILE, __LINE__});
+}
+
+ProfileList ProfileListDefaultProductsStorage::read() {
+    return withReadErrors(
+        [] { return JsonProfileListSerializer().deserialize(DefaultProducts::getSourceDocument()); });
+}
+
+void ProfileListDefaultProductsStorage::write(const ProfileList& /*list*/) {
+    Utils::throwUnreachableCodeError(
+        "an unexpected ProfileListDefaultProductsStorage::write was called, storage is read only",
+        {SOURCE_FILE, __LINE__});
+}
+
+} // namespace norel::Desktop::Domain::Payloads

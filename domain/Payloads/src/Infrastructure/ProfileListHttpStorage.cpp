@@ -1,0 +1,62 @@
+#include "norel/Desktop/Domain/Payloads/ProfileListHttpStorage.h"
+
+#include "StorageErrors.h"
+#include "norel/Desktop/Utils/Errors.h"
+
+namespace norel::Desktop::Domain::Payloads {
+namespace {
+
+using Networking::Http::HttpClient;
+
+constexpr const char* RESOURCE = "api/processing/v1/payload";
+constexpr const char* SOURCE_FILE = "Infrastructure/ProfileListHttpStorage";
+
+} // namespace
+
+ProfileListHttpStorage::CannotCompleteRequest::CannotCompleteRequest(const std::string& message)
+    : std::runtime_error(message) {}
+
+ProfileListHttpStorage::CannotCompleteRequest::~CannotCompleteRequest() = default;
+
+ProfileListHttpStorage::ProfileListHttpStorage(const std::string& baseUrl,
+                                               const std::shared_ptr<HttpClient>& httpClient,
+                                               const std::string& requestKey,
+                                               const std::shared_ptr<ProfileListSerializer>& serializer)
+    : baseUrl(baseUrl), httpClient(httpClient), requestKey(requestKey), serializer(serializer) {}
+
+void ProfileListHttpStorage::remove() {
+    Utils::throwUnreachableCodeError(
+        "an unexpected ProfileListHttpStorage::remove was called, storage is not removable",
+        {SOURCE_FILE, __LINE__});
+}
+
+ProfileList ProfileListHttpStorage::read() {
+    return withReadErrors([&] { return serializer->deserialize(request().body); });
+}
+
+void ProfileListHttpStorage::write(const ProfileList& /*list*/) {
+    Utils::throwUnreachableCodeError(
+        "an unexpected ProfileListHttpStorage::write was called, storage is read only",
+        {SOURCE_FILE, __LINE__});
+}
+
+HttpClient::Response ProfileListHttpStorage::request() const {
+    HttpClient::Request::Builder request;
+    request.method = HttpClient::Method::Get;
+    request.url = baseUrl + RESOURCE;
+    request.key = requestKey;
+    const HttpClient::Response response = [&] {
+        try {
+            return httpClient->send(request.build());
+        } catch (const HttpClient::HttpRequestFailed& error) {
+            throw CannotCompleteRequest(std::string("Cannot contact profile service; cause is \"") +
+                                        error.what() + "\".");
+        }
+    }();
+    if (!response.isSuccess())
+        throw CannotCompleteRequest("HTTP \"profile\" request was unsuccessful; cause is " +
+                                    Utils::ConvertToGenericString::convertToGenericString(response) + ".");
+    return response;
+}
+
+} // namespace norel::Desktop::Domain::Payloads

@@ -1,0 +1,15 @@
+#include "norel/Desktop/Domain/Payloads/UseCase/GetProfileListFromStorage.h"
+
+#include "CheckNotNull.h"
+
+namespace norel::Desktop::Domain::Payloads::UseCase {
+
+GetProfileListFromStorage::GetProfileListFromStorage(
+    const std::shared_ptr<ProfileListStorage>& profileListStorage)
+    : profileListStorage(profileListStorage) {
+    checkNotNull(profileListStorage, "profile list storage");
+}
+
+ProfileList GetProfileListFromStorage::execute() { return profileListStorage->read(); }
+
+} // namespace norel::Desktop::Domain::Payloads::UseCase
