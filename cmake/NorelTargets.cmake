@@ -45,8 +45,10 @@ function(norel_add_library target shortName exportHeader)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${generated}>
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
-    install(TARGETS ${target} EXPORT norel-payloads)
-    install(DIRECTORY ${generated}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    if(NOREL_INSTALL)
+        install(TARGETS ${target} EXPORT norel-payloads)
+        install(DIRECTORY ${generated}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    endif()
 endfunction()
 
 

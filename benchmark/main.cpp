@@ -1,0 +1,250 @@
+#include "CountingAllocator.h"
+#include "Documents.h"
+#include "FixedClockProvider.h"
+#include "HandWritten.h"
+#include "InMemoryTextFileStorage.h"
+#include "RatioTable.h"
+#include "norel/Desktop/Domain/Payloads/Payloads.h"
+
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <string_view>
+
+namespace {
+
+using namespace norel::Benchmark;
+using namespace norel::Desktop::Domain::Payloads;
+using nlohmann::ordered_json;
+using norel::Desktop::Test::FixedClockProvider;
+using norel::Desktop::Test::InMemoryTextFileStorage;
+
+const std::string& documentOf(const benchmark::State& state) {
+    return norel::Benchmark::documentOf(static_cast<std::size_t>(state.range(0)));
+}
+
+ProfileList read(const std::string& document) { return JsonProfileListSerializer().deserialize(document); }
+
+void parse(benchmark::State& state) {
+    const std::string& document = documentOf(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ordered_json::parse(document));
+}
+
+void dump(benchmark::State& state) {
+    const ordered_json json = ordered_json::parse(documentOf(state));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(json.dump(4));
+}
+
+void deserialize(benchmark::State& state) {
+    const std::string& document = documentOf(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(read(document));
+}
+
+void serialize(benchmark::State& state) {
+    const ProfileList list = read(documentOf(state));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(JsonProfileListSerializer().serialize(list));
+}
+
+void readByHand(benchmark::State& state) {
+    const std::string& document = documentOf(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(HandWrittenProfiles(document));
+}
+
+void writeByHand(benchmark::State& state) {
+    const HandWrittenProfiles profiles(documentOf(state));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(profiles.toDocument());
+}
+
+void copy(benchmark::State& state) {
+    const ProfileList list = read(documentOf(state));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ProfileList(list));
+}
+
+void compare(benchmark::State& state) {
+    const ProfileList list = read(documentOf(state));
+    const ProfileList equal = list;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(list == equal);
+}
+
+void add(benchmark::State& state) {
+    const std::vector<Profile> profiles = read(documentOf(state)).list();
+    for (auto _ : state) {
+        ProfileList list;
+        for (Profile profile : profiles)
+            list.add(profile);
+        benchmark::DoNotOptimize(list);
+    }
+}
+
+void upgradeStep(benchmark::State& state) {
+    const auto store = std::make_shared<InMemoryTextFileStorage>();
+    const std::string& document = documentOf(state);
+    const std::string defaults = DefaultProducts::getSourceDocument();
+    for (auto _ : state) {
+        store->files["profiles.json"] = document;
+        ProfileUpgrade().upgradeToVersion(5, store, "profiles.json", defaults);
+    }
+}
+
+std::shared_ptr<ProfileListStorage> storageOf(const std::string& document) {
+    const auto store = std::make_shared<InMemoryTextFileStorage>();
+    store->files["/dev/null"] = document; // a path that exists, which the storage asks the file system for
+    return std::make_shared<ProfileListFileStorage>("/dev/null", store,
+                                                    std::make_shared<JsonProfileListSerializer>());
+}
+
+void addOrUpdate(benchmark::State& state) {
+    const auto storage = storageOf(documentOf(state));
+    UseCase::AddOrUpdateProfile useCase(
+        storage, std::make_shared<FixedClockProvider>(norel::Desktop::DateTime::DateTime()));
+    Profile profile = *storage->read().begin();
+    for (auto _ : state)
+        useCase.execute(profile);
+}
+
+void merge(benchmark::State& state) {
+    const std::string& document = documentOf(state);
+    for (auto _ : state)
+        UseCase::MergeProfileStorages(storageOf(document), storageOf("")).execute();
+}
+
+constexpr std::size_t MANY = 1400;
+constexpr std::size_t FEW = 140;
+constexpr std::size_t MOST = 14000;
+
+void registerRows() {
+    using Row = void (*)(benchmark::State&);
+    const auto registerRow = [](const char* name, Row row) {
+        return benchmark::RegisterBenchmark(name, row)
+            ->Unit(benchmark::kMillisecond)
+            ->Arg(FACTORY_PROFILES)
+            ->Arg(MANY);
+    };
+    for (const auto& [name, row] : std::initializer_list<std::pair<const char*, Row>>{
+             {"parse", parse}, {"dump", dump}, {"deserialize", deserialize}, {"serialize", serialize}})
+        registerRow(name, row)->Arg(FEW)->Arg(MOST);
+    for (const auto& [name, row] : std::initializer_list<std::pair<const char*, Row>>{
+             {"copy", copy}, {"compare", compare}, {"add", add}})
+        registerRow(name, row)->Arg(MOST);
+    for (const auto& [name, row] :
+         std::initializer_list<std::pair<const char*, Row>>{{"read by hand", readByHand},
+                                                            {"write by hand", writeByHand},
+                                                            {"upgrade step", upgradeStep},
+                                                            {"add or update", addOrUpdate},
+                                                            {"merge", merge}})
+        registerRow(name, row);
+}
+
+void printRatios(const RatioTable& table) {
+    std::puts("| ratio | median | spread |\n|---|---|---|");
+    for (const std::string profiles : {"/14", "/1400"}) {
+        table.printRatio("deserialize" + profiles, "parse" + profiles);
+        table.printRatio("read by hand" + profiles, "parse" + profiles);
+        table.printRatio("serialize" + profiles, "dump" + profiles);
+        table.printRatio("write by hand" + profiles, "dump" + profiles);
+        table.printRatio("upgrade step" + profiles, "parse" + profiles);
+        table.printRatio("add or update" + profiles, "parse" + profiles);
+        table.printRatio("merge" + profiles, "parse" + profiles);
+        table.printRatio("copy" + profiles, "parse" + profiles);
+        table.printRatio("compare" + profiles, "parse" + profiles);
+        table.printRatio("add" + profiles, "parse" + profiles);
+    }
+    std::puts("\n| time per profile, 14,000 against 140 (copy, compare, add: 1,400) | median | spread "
+              "|\n|---|---|---|");
+    for (const std::string row : {"parse", "dump", "deserialize", "serialize"})
+        table.printRatio(row + "/14000", row + "/140", static_cast<double>(FEW) / MOST);
+    for (const std::string row : {"copy", "compare", "add"})
+        table.printRatio(row + "/14000", row + "/1400", static_cast<double>(MANY) / MOST);
+    std::puts("\n| time | median |\n|---|---|");
+    for (const std::string profiles : {"/14", "/1400"})
+        for (const std::string row : {"parse", "dump", "deserialize", "serialize"})
+            table.printTime(row + profiles);
+}
+
+/// What one run of an operation takes of the heap.
+struct HeapUse {
+    std::size_t allocations;
+    std::size_t peakBytes;
+};
+
+template <typename Operation>
+HeapUse heapUseOf(const Operation& operation) {
+    operation(); // what is made once is not counted
+    const HeapCounter counter;
+    operation();
+    return {counter.allocations(), counter.peakBytes()};
+}
+
+HeapUse heapUseOfReading(std::size_t profiles) {
+    const std::string& document = norel::Benchmark::documentOf(profiles);
+    return heapUseOf([&] { benchmark::DoNotOptimize(read(document)); });
+}
+
+HeapUse heapUseOfWriting(std::size_t profiles) {
+    const ProfileList list = read(norel::Benchmark::documentOf(profiles));
+    return heapUseOf([&] { benchmark::DoNotOptimize(JsonProfileListSerializer().serialize(list)); });
+}
+
+void printHeapUse() {
+    const auto parsing = [](std::size_t profiles) {
+        const std::string& document = norel::Benchmark::documentOf(profiles);
+        return heapUseOf([&] { benchmark::DoNotOptimize(ordered_json::parse(document)); });
+    };
+    const ProfileList list = read(norel::Benchmark::documentOf(FACTORY_PROFILES));
+    const ProfileList equal = list;
+    std::puts("\n| heap allocations, factory document | |\n|---|---|");
+    std::printf("| parse | %zu |\n", parsing(FACTORY_PROFILES).allocations);
+    std::printf("| deserialize | %zu |\n", heapUseOfReading(FACTORY_PROFILES).allocations);
+    std::printf("| serialize | %zu |\n", heapUseOfWriting(FACTORY_PROFILES).allocations);
+    std::printf("| copy | %zu |\n",
+                heapUseOf([&] { benchmark::DoNotOptimize(ProfileList(list)); }).allocations);
+    std::printf("| compare | %zu |\n",
+                heapUseOf([&] { benchmark::DoNotOptimize(list == equal); }).allocations);
+    const double bare = static_cast<double>(parsing(MANY).peakBytes);
+    const double ours = static_cast<double>(heapUseOfReading(MANY).peakBytes);
+    std::puts("\n| peak memory above the text, 1,400 profiles | |\n|---|---|");
+    std::printf("| parse | %.0f MB |\n| deserialize | %.0f MB |\n| deserialize / parse | %.2f |\n",
+                bare / 1e6, ours / 1e6, ours / bare);
+}
+
+/// Fails when reading or writing the factory document allocates more often than it did; lower the figures
+/// when it comes to allocate less.
+int checkAllocations() {
+    struct Limit {
+        const char* operation;
+        std::size_t allocations;
+        std::size_t limit;
+    };
+    int result = 0;
+    for (const Limit& row : {Limit{"deserialize", heapUseOfReading(FACTORY_PROFILES).allocations, 8000},
+                             Limit{"serialize", heapUseOfWriting(FACTORY_PROFILES).allocations, 6500}}) {
+        std::printf("%s: %zu allocations, at most %zu\n", row.operation, row.allocations, row.limit);
+        if (row.allocations > row.limit)
+            result = 1;
+    }
+    return result;
+}
+
+} // namespace
+
+/// Runs the rows that --benchmark_filter selects and prints their table; with --check-allocations only checks
+/// that the numbers of allocations have not grown.
+int main(int argc, char** argv) {
+    if (argc == 2 && std::string_view(argv[1]) == "--check-allocations")
+        return checkAllocations();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    registerRows();
+    RatioTable table;
+    benchmark::RunSpecifiedBenchmarks(&table);
+    printRatios(table);
+    printHeapUse();
+}

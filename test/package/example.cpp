@@ -1,0 +1,22 @@
+#include <norel/Desktop/DateTime/SystemClockProvider.h>
+#include <norel/Desktop/Domain/Payloads/Payloads.h>
+#include <norel/Desktop/Storage/DurableTextFileStorage.h>
+
+#include <iostream>
+
+int main() {
+    using namespace norel::Desktop;
+    using namespace norel::Desktop::Domain::Payloads;
+    const auto storage = std::make_shared<ProfileListFileStorage>(
+        "profiles.json", std::make_shared<Storage::DurableTextFileStorage>(),
+        std::make_shared<JsonProfileListSerializer>());
+    Profile::Builder builder;
+    builder.name = "Coast survey";
+    builder.product = "Tessaly Alpha";
+    builder.trajectory.imuOnboard.gnssStandardDeviation = "SD10cm";
+    builder.trajectory.stabilizedMount = "none";
+    Profile profile = builder.build(); // throws, naming the rule, when one is broken
+    UseCase::AddOrUpdateProfile(storage, std::make_shared<DateTime::SystemClockProvider>()).execute(profile);
+    for (const Profile& stored : UseCase::GetProfileListFromStorage(storage).execute())
+        std::cout << stored.getId() << " " << stored.getName() << "\n";
+}
