@@ -1,8 +1,12 @@
 #include "norel/Desktop/Networking/Http/HttpClient.h"
 
+#include "PrintableText.h"
+
 #include <utility>
 
-namespace norel::Desktop::Networking::Http {
+namespace norel::Desktop {
+
+namespace Networking::Http {
 
 HttpClient::HttpRequestFailed::HttpRequestFailed(std::string message) : message(std::move(message)) {}
 
@@ -12,4 +16,15 @@ const char* HttpClient::HttpRequestFailed::what() const noexcept { return messag
 
 HttpClient::~HttpClient() = default;
 
-} // namespace norel::Desktop::Networking::Http
+} // namespace Networking::Http
+
+std::string Utils::ConvertToGenericString::convertToGenericString(
+    const Networking::Http::HttpClient::Response& response) {
+    constexpr std::size_t maximumBytes = 200;
+    const std::string status = "HTTP status " + std::to_string(response.statusCode);
+    if (response.body.empty())
+        return status;
+    return status + ", body \"" + Networking::printableText(response.body, maximumBytes) + "\"";
+}
+
+} // namespace norel::Desktop
