@@ -51,7 +51,8 @@ public:
 
 private:
     std::string_view takeDigits() {
-        const std::string_view digits = rest.substr(0, std::min(rest.find_first_not_of("0123456789"), rest.size()));
+        const std::string_view digits =
+            rest.substr(0, std::min(rest.find_first_not_of("0123456789"), rest.size()));
         rest.remove_prefix(digits.size());
         return digits;
     }
@@ -59,6 +60,14 @@ private:
     std::string_view rest;
     bool failed = false;
 };
+
+/// The beginning of a text for a message, "?" in the place of each byte that is not printable ASCII.
+std::string quoted(const std::string& text) {
+    std::string shown = text.substr(0, 64);
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+    return "\"" + shown + "\"";
+}
 
 } // namespace
 
@@ -72,9 +81,9 @@ std::string DateTimeConversion::toIso8601(const DateTime& dateTime) {
     const year_month_day date(day);
     const hh_mm_ss time(instant - day);
     char text[64];
-    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d", int(date.year()), unsigned(date.month()),
-                  unsigned(date.day()), int(time.hours().count()), int(time.minutes().count()),
-                  int(time.seconds().count()));
+    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d", int(date.year()),
+                  unsigned(date.month()), unsigned(date.day()), int(time.hours().count()),
+                  int(time.minutes().count()), int(time.seconds().count()));
     std::string result = text;
     if (dateTime.getFraction() != nanoseconds::zero()) {
         std::snprintf(text, sizeof text, ".%09lld", static_cast<long long>(dateTime.getFraction().count()));
@@ -114,8 +123,8 @@ DateTime DateTimeConversion::fromIso8601(const std::string& text) {
     const sys_seconds instant =
         scanner.isDone() && date.ok() ? sys_days(date) + hour + minute + second - offset : sys_seconds::max();
     if (instant < FIRST || instant > LAST)
-        throw InvalidArgumentError("\"" + text.substr(0, 64) +
-                                   "\" is not an ISO 8601 date-time such as 2021-10-05T21:18:26+00:00");
+        throw InvalidArgumentError(quoted(text) +
+                                   " is not an ISO 8601 date-time such as 2021-10-05T21:18:26+00:00");
     return DateTime(instant, fraction);
 }
 

@@ -1,0 +1,235 @@
+#include "norel/Desktop/DataFormat/Json.h"
+
+#include <gmock/gmock.h>
+#include <optional>
+#include <thread>
+#include <utility>
+
+namespace norel::Desktop::DataFormat {
+namespace {
+
+using testing::ThrowsMessage;
+
+std::string textOf(const Json& json) { return json.toString(-1); }
+
+/// How a Json holds its value: which code serves it, and nothing that anybody should notice.
+struct Form {
+    const char* name;
+    Json (*make)(Json value, std::vector<Json>& kept); // what must live as long goes to `kept`
+};
+
+void PrintTo(const Form& form, std::ostream* out) { *out << form.name; }
+
+Json makeOuter(const Json& value) {
+    Json outer;
+    outer.set("inner", value);
+    return outer;
+}
+
+const Form FORMS[] = {
+    {"Own", [](Json value, std::vector<Json>&) { return value; }},
+    {"Shared", [](Json value, std::vector<Json>& kept) { return kept.emplace_back(value); }},
+    {"PartOfShared",
+     [](Json value, std::vector<Json>&) {
+         return Json(static_cast<const Json&>(makeOuter(value)).getValue("inner"));
+     }},
+    {"Viewed",
+     [](Json value, std::vector<Json>& kept) {
+         kept.push_back(value.getValue("a"));
+         return value;
+     }},
+    {"OnceViewed",
+     [](Json value, std::vector<Json>&) {
+         value.getValue("a");
+         return value;
+     }},
+    {"View", [](Json value,
+                std::vector<Json>& kept) { return kept.emplace_back(makeOuter(value)).getValue("inner"); }},
+};
+
+struct JsonSharing : testing::TestWithParam<Form> {
+    const std::string text = R"({"a":{"b":{"c":1}},"list":[1,{"x":2},"three"]})";
+    std::vector<Json> kept;
+    Json json = GetParam().make(Json::fromString(text), kept);
+};
+
+INSTANTIATE_TEST_SUITE_P(, JsonSharing, testing::ValuesIn(FORMS),
+                         [](const auto& form) { return form.param.name; });
+
+TEST_P(JsonSharing, WritesThroughViewsOfViews) {
+    Json a = json.getValue("a");
+    Json b = a.getValue("b");
+    b.set("d", 2);
+    a.set("e", 3);
+    json.getValue("a").getValue("b").set("f", 4);
+    Json moved = std::move(b);
+    moved.set("g", Json());
+    moved.getValue("g").set("h", 5);
+    EXPECT_EQ(textOf(json),
+              R"({"a":{"b":{"c":1,"d":2,"f":4,"g":{"h":5}},"e":3},"list":[1,{"x":2},"three"]})");
+    EXPECT_EQ(textOf(a), R"({"b":{"c":1,"d":2,"f":4,"g":{"h":5}},"e":3})");
+    EXPECT_EQ(textOf(moved), R"({"c":1,"d":2,"f":4,"g":{"h":5}})");
+}
+
+TEST_P(JsonSharing, NoCopySeesAnothersChange) {
+    Json copy = json;
+    const Json value = std::as_const(json).getValue("a");
+    Json a = json.getValue("a");
+    Json copyWhileViewed = json;
+    Json copyOfView = a;
+    const Json valueWhileViewed = std::as_const(json).getValue("a");
+    const Json valueOfView = std::as_const(a).getValue("b");
+    a.set("b", 0);
+    json.set("list", 0);
+    EXPECT_EQ(textOf(json), R"({"a":{"b":0},"list":0})");
+    EXPECT_EQ(textOf(copy), text);
+    EXPECT_EQ(textOf(copyWhileViewed), text);
+    for (const Json& snapshot : {value, copyOfView, valueWhileViewed})
+        EXPECT_EQ(textOf(snapshot), R"({"b":{"c":1}})");
+    EXPECT_EQ(textOf(valueOfView), R"({"c":1})");
+
+    copy.getValue("a").set("b", 1);
+    copyWhileViewed.set("a", 2);
+    copyOfView.set("b", 3);
+    EXPECT_EQ(textOf(json), R"({"a":{"b":0},"list":0})");
+    EXPECT_EQ(textOf(value), R"({"b":{"c":1}})");
+}
+
+TEST_P(JsonSharing, ViewsMayOutliveTheirOwner) {
+    std::optional<Json> owner(std::move(json));
+    std::optional<Json> a = owner->getValue("a");
+    Json b = a->getValue("b");
+    owner.reset();
+    kept.clear();
+    a->set("e", 3);
+    a.reset();
+    b.set("d", 2);
+    EXPECT_EQ(textOf(b), R"({"c":1,"d":2})");
+}
+
+TEST_P(JsonSharing, MayBeSetIntoItself) {
+    Json a = json.getValue("a");
+    json.set("list", 0);
+    a.set("b", json);
+    json.set("list", a);
+    EXPECT_EQ(textOf(json),
+              R"({"a":{"b":{"a":{"b":{"c":1}},"list":0}},"list":{"b":{"a":{"b":{"c":1}},"list":0}}})");
+
+    json.set("a", 0);
+    json.set("list", 1);
+    json.set("self", json);
+    EXPECT_EQ(textOf(json), R"({"a":0,"list":1,"self":{"a":0,"list":1}})");
+    json.set("self", std::move(json));
+    EXPECT_EQ(textOf(json), R"({"a":0,"list":1,"self":{"a":0,"list":1,"self":{"a":0,"list":1}}})");
+}
+
+TEST_P(JsonSharing, ViewOfAMemberThatIsGoneRaises) {
+    Json a = json.getValue("a");
+    Json b = a.getValue("b");
+    json.set("a", 7);
+    const std::function<void()> uses[] = {
+        [&] { textOf(b); },        [&] { b.set("d", 2); },
+        [&] { b.getValue("c"); },  [&] { std::as_const(b).getValue("c"); },
+        [&] { b.contains("c"); },  [&] { b.isNull(); },
+        [&] { b.as<int>(); },      [&] { b.get("c"); },
+        [&] { b.getAsString(); },  [&] { b.begin(); },
+        [&] { b.end(); },          [&] { const Json copy(b); },
+        [&] { json.set("b", b); },
+    };
+    for (const auto& use : uses)
+        EXPECT_THAT(use, ThrowsMessage<Json::JsonError>(
+                             "[json.exception.type_error.304] cannot use at() with number"));
+    EXPECT_EQ(a.as<int>(), 7);
+    EXPECT_EQ(textOf(json), R"({"a":7,"list":[1,{"x":2},"three"]})");
+
+    json.set("a", Json(std::map<std::string, int>{{"b", 8}}));
+    EXPECT_EQ(b.as<int>(), 8);
+}
+
+TEST_P(JsonSharing, IterationSurvivesChanges) {
+    const Json value = std::as_const(json).getValue("list");
+    const Json view = json.getValue("list");
+    for (const Json* list : {&value, &view}) {
+        std::string elements;
+        for (Json element : *list) {
+            if (element.contains("x")) {
+                json.set("list", 0);
+                element.set("y", 3);
+            }
+            elements += textOf(element);
+        }
+        EXPECT_EQ(elements, R"(1{"x":2,"y":3}"three")");
+        json.set("list", value);
+    }
+    EXPECT_EQ(textOf(json), text);
+}
+
+TEST_P(JsonSharing, PositionsStayInTheirArray) {
+    const Json list = json.getValue("list");
+    JsonConstIterator position = list.begin();
+    const JsonConstIterator first = position;
+    json.set("list", Json(std::vector<std::string>(5, "another")));
+    for (int i = 0; i < 3; ++i)
+        ++position;
+    EXPECT_TRUE(position != list.end()); // which is that of the new array
+    EXPECT_THAT([&] { *position; }, ThrowsMessage<Json::JsonError>(
+                                        "[json.exception.out_of_range.401] array index 3 is out of range"));
+    position = first;
+    EXPECT_EQ((*position).as<int>(), 1);
+}
+
+TEST_P(JsonSharing, KeepsItsViewsUntilItIsAssigned) {
+    Json a = json.getValue("a");
+    Json& same = json;
+    json = same;
+    json = std::move(same);
+    Json moved(std::move(json));
+    a.set("b", 0);
+    EXPECT_EQ(textOf(moved), R"({"a":{"b":0},"list":[1,{"x":2},"three"]})");
+    EXPECT_TRUE(json.isNull());
+    json.set("new", 1);
+    EXPECT_EQ(textOf(json), R"({"new":1})");
+
+    moved = json;
+    a.set("b", 1); // of the former value
+    EXPECT_EQ(textOf(moved), R"({"new":1})");
+    EXPECT_EQ(textOf(a), R"({"b":1})");
+}
+
+TEST_P(JsonSharing, ArraysTakeTheirElementsByValue) {
+    Json a = json.getValue("a");
+    const std::vector<Json> elements{json, a, json};
+    Json copied(elements);
+    Json moved(std::vector<Json>{json, a});
+    a.set("b", 0);
+    EXPECT_EQ(textOf(copied), "[" + text + R"(,{"b":{"c":1}},)" + text + "]");
+    EXPECT_EQ(textOf(moved), "[" + text + R"(,{"b":{"c":1}}])");
+    EXPECT_EQ(textOf(elements.back()), text);
+}
+
+TEST(JsonThreads, ReadAndChangeCopiesOfOneValue) {
+    Json parsed = Json::fromString(R"({"profiles":[{"name":"x","n":1},{"name":"y","n":2}]})");
+    parsed.getValue("profiles"); // leaves the value marked as viewed
+    std::vector<Json> copies(4, parsed);
+    std::vector<std::string> results(copies.size());
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < copies.size(); ++i)
+        threads.emplace_back([&json = copies[i], &result = results[i]] {
+            for (int round = 0; round < 200; ++round) {
+                result.clear();
+                Json copy = json;
+                copy.getValue("profiles");
+                for (Json profile : std::as_const(json).getValue("profiles")) {
+                    profile.set("n", round);
+                    result += profile.get("name") + textOf(profile.getValue("n"));
+                }
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    for (const std::string& result : results)
+        EXPECT_EQ(result, "x199y199");
+}
+
+} // namespace
+} // namespace norel::Desktop::DataFormat

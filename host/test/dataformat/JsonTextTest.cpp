@@ -1,0 +1,92 @@
+#include "norel/Desktop/DataFormat/Json.h"
+
+#include <gmock/gmock.h>
+#include <limits>
+
+namespace norel::Desktop::DataFormat {
+namespace {
+
+using testing::ThrowsMessage;
+const std::string PARSING = "[json.exception.parse_error.101] parse error at line ";
+
+TEST(JsonText, ReadsBackWhatItWrites) {
+    const std::string text =
+        "{\n    \"z\": {\n        \"list\": [\n            1,\n            -2.5,\n            [],\n"
+        "            {}\n        ],\n        \"\": null\n    },\n    \"a\": \"\\\"\\\\\\u0000é\"\n}";
+    EXPECT_EQ(Json::fromString(text).toString(4), text);
+    EXPECT_EQ(Json::fromString(" [1 , {\"a\":\r\n[ true]}]\t").toString(-1), R"([1,{"a":[true]}])");
+    for (const double number : {0.1, 1e-300, 123456789.123456789, 5e-324, std::numeric_limits<double>::max()})
+        EXPECT_EQ(Json::fromString(Json(number).toString(4)).as<double>(), number);
+}
+
+TEST(JsonText, LastOfSeveralMembersOfOneNameCounts) {
+    EXPECT_EQ(Json::fromString(R"({"a":1,"b":[2],"a":{"x":1,"x":2},"c":3,"b":4})").toString(-1),
+              R"({"a":{"x":2},"b":4,"c":3})");
+}
+
+TEST(JsonText, RefusesWhatIsNotOneWholeValue) {
+    const std::string value = "syntax error while parsing value - ";
+    const std::pair<std::string, std::string> cases[] = {
+        {"", PARSING + "1, column 1: " + value + "unexpected end of input; expected '[', '{', or a literal"},
+        {"1 2", PARSING + "1, column 3: " + value + "unexpected number literal; expected end of input"},
+        {"{\"a\":1,}",
+         PARSING +
+             "1, column 8: syntax error while parsing object key - unexpected '}'; expected string literal"},
+        {"[1",
+         PARSING + "1, column 3: syntax error while parsing array - unexpected end of input; expected ']'"},
+        {"\"\xFF\"",
+         PARSING + "1, column 2: " + value + "invalid string: ill-formed UTF-8 byte; last read: '\"\xFF'"},
+        {"NaN", PARSING + "1, column 1: " + value + "invalid literal; last read: 'N'"},
+        {"// note\n1", PARSING + "1, column 1: " + value + "invalid literal; last read: '/'"},
+        {"1e400", "[json.exception.out_of_range.406] number overflow parsing '1e400'"},
+        {std::string("1\0", 2), "a JSON text cannot hold the NUL character found at byte 2"},
+        {std::string("[1]\0{}", 6), "a JSON text cannot hold the NUL character found at byte 4"}};
+    for (const auto& [text, message] : cases)
+        EXPECT_THAT([&text = text] { Json::fromString(text); }, ThrowsMessage<Json::JsonError>(message))
+            << text;
+}
+
+TEST(JsonText, BoundsDepthMembersAndErrors) {
+    const auto nested = [](std::size_t depth, const std::string& open, const std::string& close) {
+        std::string text;
+        for (std::size_t i = 0; i < 2 * depth; ++i)
+            text += i < depth ? open : close;
+        return text;
+    };
+    const auto object = [](std::size_t members) {
+        std::string text = "{\"0\":0,\"0\":0"; // two of one name, and one member
+        for (std::size_t i = 1; i < members; ++i)
+            text += ",\"" + std::to_string(i) + "\":0";
+        return text + "}";
+    };
+    const std::string deepest = nested(100, "[", "]");
+    EXPECT_EQ(Json::fromString(deepest).toString(-1), deepest);
+    EXPECT_TRUE(Json::fromString(object(1000)).contains("999"));
+    std::string cut = PARSING + "1, column 9002: syntax error while parsing value - invalid string: missing "
+                                "closing quote; last read: '\"";
+    cut.resize(500, 'x');
+    const std::pair<std::string, std::string> refused[] = {
+        {"[" + deepest + "]", "arrays and objects nest deeper than 100 levels"},
+        {nested(51, "[{\"a\":", "}]"), "arrays and objects nest deeper than 100 levels"},
+        {std::string(1000000, '['), "arrays and objects nest deeper than 100 levels"},
+        {object(1001), "an object has more than 1000 members"},
+        {"\"" + std::string(9000, 'x'), cut + "..."}};
+    for (const auto& [text, message] : refused)
+        EXPECT_THAT([&text = text] { Json::fromString(text); }, ThrowsMessage<Json::JsonError>(message));
+}
+
+TEST(JsonText, IsNotWrittenForWhatJsonCannotHold) {
+    Json key;
+    key.set("\xC3", 1);
+    const std::pair<Json, const char*> cases[] = {
+        {Json(std::numeric_limits<double>::infinity()), "JSON cannot hold a number that is not finite"},
+        {Json(std::map<std::string, double>{{"n", std::numeric_limits<double>::quiet_NaN()}}),
+         "JSON cannot hold a number that is not finite"},
+        {Json("a\xFF"), "[json.exception.type_error.316] invalid UTF-8 byte at index 1: 0xFF"},
+        {key, "[json.exception.type_error.316] incomplete UTF-8 string; last byte: 0xC3"}};
+    for (const auto& [json, message] : cases)
+        EXPECT_THAT([&json = json] { json.toString(4); }, ThrowsMessage<Json::JsonError>(message));
+}
+
+} // namespace
+} // namespace norel::Desktop::DataFormat
