@@ -40,13 +40,19 @@ const ordered_json& memberOf(const ordered_json& object, const std::string& key)
     return translated([&]() -> const ordered_json& { return object.at(key); }); // which says why not
 }
 
+/// Constructs the member in its place: ordered_map's own insertions would search for the key, or copy it
+/// twice.
+void appendMember(ordered_json::object_t& members, const std::string& key, ordered_json&& value) {
+    static_cast<ordered_json::object_t::Container&>(members).emplace_back(key, std::move(value));
+}
+
 /// Grows by moving, where the vector that an object is would copy every member.
 void growMembers(ordered_json::object_t& members) {
     constexpr std::size_t minimumCapacity = 8;
     ordered_json::object_t grown;
     grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
     for (auto& [key, value] : members)
-        grown.push_back({key, std::move(value)});
+        appendMember(grown, key, std::move(value));
     members.swap(grown);
 }
 
@@ -62,7 +68,7 @@ void setMember(ordered_json& object, const std::string& key, ordered_json&& valu
     }
     if (members.size() == members.capacity())
         growMembers(members);
-    members.push_back({key, std::move(value)});
+    appendMember(members, key, std::move(value));
 }
 
 /// The integer modulo 2^32; a fraction is cut off.
@@ -99,9 +105,12 @@ std::map<std::string, Number> convertToMap(const ordered_json& value) {
 void checkNumbersAreFinite(const ordered_json& value) {
     if (value.is_number_float() && !std::isfinite(value.get_ref<const double&>()))
         throw Json::JsonError("JSON cannot hold a number that is not finite");
-    if (value.is_structured())
-        for (const auto& element : value)
+    if (value.is_array())
+        for (const ordered_json& element : value.get_ref<const ordered_json::array_t&>())
             checkNumbersAreFinite(element);
+    if (value.is_object())
+        for (const auto& member : value.get_ref<const ordered_json::object_t&>())
+            checkNumbersAreFinite(member.second);
 }
 
 } // namespace
@@ -282,8 +291,12 @@ Json Json::getValue(const std::string& key) {
 void Json::set(const std::string& key, const Json& value) { set(key, Json(value)); }
 
 void Json::set(const std::string& key, Json&& value) {
-    ordered_json taken = &value == this ? Internals::read(value) : Internals::take(std::move(value));
-    setMember(Internals::write(*this), key, std::move(taken));
+    if (viewPath && isNull())
+        throw JsonError("member '" + key + "' cannot be set in '" + viewPath->back() + "', which is null");
+    if (!value.tree && &value != this)
+        setMember(Internals::write(*this), key, std::move(Internals::own(value)));
+    else
+        setMember(Internals::write(*this), key, ordered_json(Internals::read(value)));
 }
 
 std::string Json::get(const std::string& key) const {

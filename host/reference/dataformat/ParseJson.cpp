@@ -49,7 +49,8 @@ public:
             if (const auto earlier = members.find(waiting[i].key); earlier != members.end()) {
                 earlier->second = std::move(waiting[i].value);
             } else if (members.size() < Json::MAXIMUM_MEMBERS) {
-                members.push_back({std::move(waiting[i].key), std::move(waiting[i].value)});
+                static_cast<ordered_json::object_t::Container&>(members).emplace_back(
+                    std::move(waiting[i].key), std::move(waiting[i].value));
             } else {
                 throw Json::JsonError("an object has more than " + std::to_string(Json::MAXIMUM_MEMBERS) +
                                       " members");

@@ -2,6 +2,7 @@
 
 #include "norel/Desktop/Domain/Payloads/Access.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
@@ -16,6 +17,11 @@ struct ValueAccess {
     template <typename List>
     static const auto& profilesOf(const List& list) {
         return list.profiles;
+    }
+
+    template <typename List>
+    static void reserve(List& list, std::size_t profiles) {
+        list.profiles.reserve(list.profiles.size() + profiles);
     }
 
     /// The value of the given fields, which its constructor checks if it has a rule.

@@ -59,6 +59,16 @@ void readArray(const Serializer& serializer, const JsonPath& path, std::vector<I
     readArray<Item>(serializer, path, begin, [&](Item&& item) { items.push_back(std::move(item)); });
 }
 
+/// A growing list would hold its profiles twice. The bound keeps a short text from claiming much.
+void reserveProfiles(ProfileList& list, const Json& array) {
+    constexpr std::size_t maximum = 10000;
+    std::size_t count = 0;
+    const auto end = array.end();
+    for (auto element = array.begin(); count < maximum && element != end; ++element)
+        ++count;
+    ValueAccess::reserve(list, count);
+}
+
 template <typename Leaf>
 void readLeaf(const JsonPath& path, Leaf& target) {
     target = withPath(path, [&] { return path.getValue().as<Leaf>(); });
@@ -225,6 +235,7 @@ Json Serializer::toJson(const unsigned int& value, Options /*options*/) const { 
 Json Serializer::toJson(const double& value, Options /*options*/) const { return Json(value); }
 
 void Serializer::fromJson(const JsonPath& path, ProfileList& target, Options /*options*/) const {
+    reserveProfiles(target, path.getValue());
     readArray<Profile::Builder>(*this, path, path.getValue().begin(), [&](const Profile::Builder& builder) {
         Profile profile = builder.build();
         target.add(profile);
