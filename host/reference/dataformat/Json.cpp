@@ -291,8 +291,6 @@ Json Json::getValue(const std::string& key) {
 void Json::set(const std::string& key, const Json& value) { set(key, Json(value)); }
 
 void Json::set(const std::string& key, Json&& value) {
-    if (viewPath && isNull())
-        throw JsonError("member '" + key + "' cannot be set in '" + viewPath->back() + "', which is null");
     if (!value.tree && &value != this)
         setMember(Internals::write(*this), key, std::move(Internals::own(value)));
     else

@@ -4,7 +4,9 @@
 #include "norel/Desktop/Utils/ConvertToGenericString.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
+#include <set>
 #include <stdexcept>
 
 namespace norel::Desktop::Domain::Payloads {
@@ -31,13 +33,12 @@ FieldOfViews::FieldOfViews(Fields&& fields) : fields(std::move(fields)) {
         throw std::invalid_argument("Profile FieldOfViews: at least one FieldOfView is required");
     if (std::count_if(list.begin(), list.end(), std::mem_fn(&FieldOfView::getIsDefault)) != 1)
         throw std::invalid_argument("Profile FieldOfViews: exactly one FieldOfView must be default");
-    for (auto item = list.begin(); item != list.end(); ++item) {
-        const bool isRepeated =
-            std::any_of(list.begin(), item, [view = item->getView()](const FieldOfView& earlier) {
-                return earlier.getView().getMinimum() == view.getMinimum() &&
-                       earlier.getView().getMaximum() == view.getMaximum();
-            });
-        if (isRepeated)
+    std::set<std::pair<double, double>> bounds;
+    for (const FieldOfView& item : list) {
+        const FieldOfViewRange view = item.getView();
+        if (std::isnan(view.getMinimum()) || std::isnan(view.getMaximum())) // equal to none, and in no order
+            continue;
+        if (!bounds.emplace(view.getMinimum(), view.getMaximum()).second)
             throw std::invalid_argument("Profile FieldOfViews: all FieldOfView must be unique");
     }
 }

@@ -22,6 +22,10 @@ struct DocumentTableOf {
     using Builder = typename Value::Builder;
 };
 
+inline constexpr unsigned int VALUE_ONLY = JsonProfileListSerializer::Options::VALUE_ONLY;
+inline constexpr unsigned int NO_UNIT = JsonProfileListSerializer::Options::NO_UNIT;
+inline constexpr unsigned int NO_CONSTRAINTS = JsonProfileListSerializer::Options::NO_CONSTRAINTS;
+
 /// Fills a builder member by member from the object at a path.
 class DocumentReader {
 public:

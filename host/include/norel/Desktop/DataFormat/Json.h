@@ -96,8 +96,7 @@ public:
     Json getValue(const std::string& key);
 
     /// Stores `value` as member `key`: in the place of the member of that name, or after the others. Makes a
-    /// null an object first. Throws JsonError when this is neither null nor an object, or a view of a null:
-    /// what a document holds as null is not made an object by the way.
+    /// null an object first. Throws JsonError when this is neither null nor an object.
     void set(const std::string& key, const Json& value);
     void set(const std::string& key, Json&& value);
 

@@ -19,8 +19,9 @@ public:
     /// the case of ASCII letters. Any other version changes no value.
     ///
     /// The file is written once, at the end; every failure leaves it as it was. Throws std::invalid_argument
-    /// for a product that the defaults lack, the host's JsonError for a text that is not JSON or lacks a
-    /// section, and what the store throws. The file must not be changed by others meanwhile.
+    /// for a product that the defaults lack and for a null where a section belongs, the host's JsonError for
+    /// a text that is not JSON or lacks a section, and what the store throws. The file must not be changed by
+    /// others meanwhile.
     virtual void upgradeToVersion(unsigned int version,
                                   const std::shared_ptr<Storage::TextFileStorage>& textFileStorage,
                                   const std::filesystem::path& path, const std::string& defaultsDocument);
