@@ -169,7 +169,11 @@ struct Json::Internals {
     }
 
     /// The value itself where it is `json`'s alone, otherwise a copy.
-    static ordered_json take(Json&& json) { return json.tree ? read(json) : std::move(own(json)); }
+    static ordered_json take(Json& json) {
+        if (json.tree)
+            return read(json);
+        return std::move(own(json));
+    }
 
     /// Whether a view may still change the value, so that it must be copied where it could be shared.
     static bool mayChange(const Json& json) {
@@ -191,7 +195,7 @@ struct Json::Internals {
     /// Puts a value into a tree that it shares with its views alone.
     static const std::shared_ptr<Tree>& view(Json& json) {
         if (!json.viewPath && !(json.tree && json.tree->isViewed)) {
-            json.tree = std::make_shared<Tree>(Tree{take(std::move(json)), true});
+            json.tree = std::make_shared<Tree>(Tree{take(json), true});
             json.place = &json.tree->root;
         }
         return json.tree;
@@ -228,7 +232,7 @@ Json::Json(std::vector<Json>&& elements) {
     ordered_json::array_t array;
     array.reserve(elements.size());
     for (Json& element : elements)
-        array.push_back(Internals::take(std::move(element)));
+        array.push_back(Internals::take(element));
     new (own) ordered_json(std::move(array));
 }
 

@@ -21,7 +21,7 @@ HttpClient::~HttpClient() = default;
 std::string Utils::ConvertToGenericString::convertToGenericString(
     const Networking::Http::HttpClient::Response& response) {
     constexpr std::size_t maximumBytes = 200;
-    const std::string status = "HTTP status " + std::to_string(response.statusCode);
+    std::string status = "HTTP status " + std::to_string(response.statusCode);
     if (response.body.empty())
         return status;
     return status + ", body \"" + Networking::printableText(response.body, maximumBytes) + "\"";

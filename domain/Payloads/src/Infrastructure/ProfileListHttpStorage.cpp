@@ -45,7 +45,7 @@ HttpClient::Response ProfileListHttpStorage::request() const {
     request.method = HttpClient::Method::Get;
     request.url = baseUrl + RESOURCE;
     request.key = requestKey;
-    const HttpClient::Response response = [&] {
+    HttpClient::Response response = [&] {
         try {
             return httpClient->send(request.build());
         } catch (const HttpClient::HttpRequestFailed& error) {

@@ -38,8 +38,8 @@ Json findFactoryProfile(const Json& defaults, const std::string& product) {
     const std::string wanted = Utils::StringConverter::toUpperCase(product);
     const auto end = defaults.end();
     for (auto element = defaults.begin(); element != end; ++element) {
-        const Json profile = *element;
-        if (Utils::StringConverter::toUpperCase(profile.getValue(Keys::PRODUCT).getAsString()) == wanted)
+        Json profile = *element;
+        if (Utils::StringConverter::toUpperCase(profile.get(Keys::PRODUCT)) == wanted)
             return profile;
     }
     throw std::invalid_argument("A profile cannot be upgraded because its product, \"" + product +

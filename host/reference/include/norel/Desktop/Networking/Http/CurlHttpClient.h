@@ -46,7 +46,7 @@ public:
         std::chrono::seconds lowSpeedDuration = std::chrono::seconds(30);
 
         /// The longest body accepted, counted while it is received and after compression is undone.
-        std::uint64_t maximumBodyBytes = 64 * 1024 * 1024;
+        std::uint64_t maximumBodyBytes = std::uint64_t(64) * 1024 * 1024;
 
         /// A PEM file of certificates to trust, none when empty. It takes the place of libcurl's own
         /// certificate file; libcurl's certificate folder, where it has one (/etc/ssl/certs), is trusted as
