@@ -1,0 +1,56 @@
+#include "Commands.h"
+#include "ProfileFile.h"
+#include "ProfileId.h"
+#include "norel/Desktop/Domain/Payloads/UseCase/DeleteProfile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <set>
+
+namespace norel::Desktop::PayloadProfiles {
+namespace {
+
+struct DeleteArguments {
+    std::string file;
+    std::vector<std::string> ids;
+};
+
+void checkIds(const ProfileList& list, const std::set<unsigned int>& ids, const std::string& file) {
+    std::string unknown;
+    for (const unsigned int id : ids)
+        if (!list.existById(id))
+            unknown += (unknown.empty() ? "" : ", ") + std::to_string(id);
+    if (!unknown.empty())
+        throw Failure(file, "there is no profile " + unknown + "; nothing is deleted");
+}
+
+/// Deletes all or, on any failure, none: the file is written once.
+void deleteProfiles(Session& session, const DeleteArguments& arguments) {
+    std::set<unsigned int> ids;
+    for (const std::string& id : arguments.ids)
+        ids.insert(parseId(id));
+    const auto storage = openFile(session, arguments.file);
+    const ProfileList list = readProfiles(arguments.file, storage);
+    checkIds(list, ids, arguments.file);
+    const auto draft = std::make_shared<DraftStorage>(list);
+    for (const unsigned int id : ids)
+        UseCase::DeleteProfile(draft).execute(id);
+    about(arguments.file, [&] { storage->write(draft->read()); });
+    for (const unsigned int id : ids)
+        session.console.print("deleted " + describe(*list.get(id)) + '\n');
+}
+
+} // namespace
+
+void addDeleteCommand(CLI::App& application, Session& session) {
+    CLI::App& command =
+        addCommand(application, "delete", "Delete profiles of a file, all those named or none",
+                   "delete profiles.json 88\n"
+                   "delete profiles.json 4 3 2");
+    const auto arguments = std::make_shared<DeleteArguments>();
+    command.add_option("FILE", arguments->file, "The file to change")->required();
+    command.add_option("ID", arguments->ids, "The ids of the profiles")->required()->check(checkId);
+    command.callback([&session, arguments] { deleteProfiles(session, *arguments); });
+}
+
+} // namespace norel::Desktop::PayloadProfiles

@@ -1,0 +1,26 @@
+#include "ProfileId.h"
+
+#include "Text.h"
+
+#include <charconv>
+
+namespace norel::Desktop::PayloadProfiles {
+
+std::string checkId(const std::string& text) {
+    unsigned int id = 0;
+    const char* end = text.data() + text.size();
+    const auto [last, error] = std::from_chars(text.data(), end, id);
+    return error == std::errc() && last == end ? "" : inQuotes(text) + " is not the id of a profile";
+}
+
+unsigned int parseId(const std::string& text) {
+    unsigned int id = 0;
+    std::from_chars(text.data(), text.data() + text.size(), id);
+    return id;
+}
+
+std::string describe(const Domain::Payloads::Profile& profile) {
+    return std::to_string(profile.getId()) + ' ' + inQuotes(profile.getName());
+}
+
+} // namespace norel::Desktop::PayloadProfiles

@@ -1,0 +1,44 @@
+#include "Commands.h"
+#include "ProfileId.h"
+#include "ProfileReport.h"
+#include "Source.h"
+
+#include <CLI/CLI.hpp>
+
+namespace norel::Desktop::PayloadProfiles {
+namespace {
+
+struct ShowArguments {
+    Source source;
+    std::string id;
+    bool asJson = false;
+};
+
+void show(Session& session, const ShowArguments& arguments) {
+    const unsigned int id = parseId(arguments.id);
+    unsigned int index = 0;
+    for (const Profile& profile : readSource(session, arguments.source)) {
+        if (profile.getId() == id) {
+            session.console.print(arguments.asJson ? makeJsonReport(profile, index)
+                                                   : makeTextReport(profile, index));
+            return;
+        }
+        ++index;
+    }
+    throw Failure(arguments.source.getName(), "there is no profile " + arguments.id);
+}
+
+} // namespace
+
+void addShowCommand(CLI::App& application, Session& session) {
+    CLI::App& command = addCommand(application, "show", "Show one profile with every parameter",
+                                   "show profiles.json 88\n"
+                                   "show factory 88 --json");
+    const auto arguments = std::make_shared<ShowArguments>();
+    addSource(command, arguments->source);
+    command.add_option("ID", arguments->id, "The profile's id")->required()->check(checkId);
+    command.add_flag("--json", arguments->asJson, "Print JSON");
+    command.callback([&session, arguments] { show(session, *arguments); });
+}
+
+} // namespace norel::Desktop::PayloadProfiles

@@ -1,0 +1,66 @@
+#include "Table.h"
+
+#include "Terminal.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace norel::Desktop::PayloadProfiles {
+namespace {
+
+constexpr std::size_t GAP = 2;       // blanks between columns
+constexpr std::size_t NARROWEST = 8; // a column is not shortened below this
+
+std::size_t sumOf(const std::vector<std::size_t>& widths) {
+    return std::accumulate(widths.begin(), widths.end(), GAP * (widths.size() - 1));
+}
+
+std::string coloured(const char* code, const std::string& text) {
+    return Terminal::takesColour() ? code + text + "\x1b[0m" : text;
+}
+
+} // namespace
+
+Table::Table(const std::vector<std::string>& headings) : widths(headings.size(), 0) { add(headings); }
+
+void Table::add(const std::vector<std::string>& row) {
+    for (std::size_t column = 0; column < widths.size(); ++column)
+        widths[column] = std::max(widths[column], getDisplayWidth(row[column]));
+    rows.push_back(row);
+}
+
+std::size_t Table::getWidth() const { return sumOf(widths); }
+
+std::vector<std::string> Table::makeLines(std::optional<std::size_t> width) const {
+    std::vector<std::size_t> fitting = widths;
+    while (width && sumOf(fitting) > *width) {
+        const auto widest = std::max_element(fitting.begin(), fitting.end());
+        if (*widest <= NARROWEST)
+            break;
+        --*widest;
+    }
+    std::vector<std::string> lines;
+    for (const std::vector<std::string>& row : rows) {
+        std::string line;
+        for (std::size_t column = 0; column < row.size(); ++column) {
+            const std::string cell = shortened(row[column], fitting[column]);
+            line += cell;
+            if (column + 1 < row.size())
+                line.append(fitting[column] + GAP - getDisplayWidth(cell), ' ');
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+std::string orDash(const std::string& text) { return text.empty() ? "-" : text; }
+
+std::string orQuotes(const std::string& text) { return text.empty() ? "\"\"" : text; }
+
+std::string bold(const std::string& text) { return coloured("\x1b[1m", text); }
+
+std::string highlighted(const std::string& text) { return coloured("\x1b[33m", text); }
+
+} // namespace norel::Desktop::PayloadProfiles

@@ -1,0 +1,88 @@
+#include "Terminal.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace norel::Desktop::PayloadProfiles::Terminal {
+namespace {
+
+[[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
+
+std::string_view getVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+} // namespace
+
+void prepareStandardStreams() {
+    std::signal(SIGPIPE, SIG_IGN);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF) {
+            // Open the wrong way round, so that using it fails as using the closed one does.
+            [[maybe_unused]] const int filler =
+                ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+        }
+}
+
+std::optional<std::size_t> getOutputWidth() {
+    if (::isatty(STDOUT_FILENO) == 0)
+        return std::nullopt;
+    constexpr std::size_t usualWidth = 80;
+    winsize size{};
+    const bool isKnown = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? size.ws_col : usualWidth;
+}
+
+bool takesColour() {
+    return ::isatty(STDOUT_FILENO) != 0 && getVariable("NO_COLOR").empty() && getVariable("TERM") != "dumb";
+}
+
+bool showsMessages() { return ::isatty(STDERR_FILENO) != 0; }
+
+void writeOutput(std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());
+        if (written >= 0)
+            text.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR)
+            fail();
+    }
+}
+
+void closeOutput() {
+    if (::close(STDOUT_FILENO) != 0 && errno != EINTR)
+        fail();
+}
+
+void writeMessage(std::string_view text) noexcept {
+    while (!text.empty()) {
+        const ssize_t written = ::write(STDERR_FILENO, text.data(), text.size());
+        if (written >= 0)
+            text.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR)
+            return;
+    }
+}
+
+std::string readInput() {
+    std::string text;
+    std::array<char, 65536> piece;
+    for (;;) {
+        const ssize_t size = ::read(STDIN_FILENO, piece.data(), piece.size());
+        if (size == 0)
+            return text;
+        if (size > 0)
+            text.append(piece.data(), static_cast<std::size_t>(size));
+        else if (errno != EINTR)
+            fail();
+    }
+}
+
+} // namespace norel::Desktop::PayloadProfiles::Terminal

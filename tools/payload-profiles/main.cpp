@@ -1,0 +1,5 @@
+#include "Commands.h"
+
+int main(int argumentCount, char** arguments) {
+    return norel::Desktop::PayloadProfiles::run(argumentCount, arguments);
+}

@@ -1,0 +1,191 @@
+#include "RunApplication.h"
+
+#include "norel/Desktop/DataFormat/Json.h"
+#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+
+namespace norel::Desktop::PayloadProfiles::Test {
+namespace {
+
+using DataFormat::Json;
+using testing::HasSubstr;
+
+constexpr const char* NO_FILE = "there is no such file";
+constexpr const char* TAKEN_OVER = "kept 5 \"Tessaly Alpha\": the file has a profile of this name\n";
+
+Json first(const Json& array) { return *array.begin(); }
+
+TEST_F(ApplicationTest, KeepsTheProfilesOfAFile) {
+    const std::string document = makeDocument(5);
+    write("profile.json", document);
+    write("new.json", replaced(document, "\"id\": 5", "\"id\": -1"));
+    expect("add --name 'Drone 7' p.json profile.json", 0, "added 5 \"Drone 7\"\n");
+    expect("add p.json - --serial-number 'SN 1' < new.json", 0, "added 6 \"Tessaly Alpha\"\n");
+    expect("add p.json profile.json --name ''", 2, "",
+           failure("profile.json", "The \"name\" string cannot be empty."));
+    expect("add p.json profile.json", 0, "updated 5 \"Tessaly Alpha\"\n");
+    expect("delete p.json 5 7 6 8", 2, "", failure("p.json", "there is no profile 7, 8; nothing is deleted"));
+    const Json list = Json::fromString(runWell("list --json p.json"));
+    ASSERT_EQ(first(list).get("name"), "Tessaly Alpha");
+    EXPECT_EQ(first(list).getValue("cameras").as<std::vector<std::string>>(),
+              std::vector<std::string>{"nadir"});
+    expect("delete p.json 6 5 6", 0, "deleted 5 \"Tessaly Alpha\"\ndeleted 6 \"Tessaly Alpha\"\n");
+    EXPECT_EQ(read("p.json"), "[]");
+}
+
+TEST_F(ApplicationTest, ListsAndShowsProfiles) {
+    write("p.json", makeDocument(88));
+    expect("list p.json", 0,
+           "ID  NAME                PRODUCT             SERIAL NUMBER  LIDAR  CAMERAS  LAST MODIFIED\n"
+           "88  Korvane Alpha Fine  Korvane Alpha Fine  -              pck    1        "
+           "2020-10-06T12:04:27Z\n");
+    const std::string text = runWell("show p.json 88");
+    for (const char* line :
+         {"Profile 88 \"Korvane Alpha Fine\"\n", "  lidar file extension    pck\n",
+          "  lidar alignment         z y -x\n",
+          "  field of view           -90 to 90 deg, keeps -90 to 90 deg (default)\n",
+          "  calibration document    -\n", "  cameras                 nadir\n",
+          "  GNSS, onboard           SDLessthan3cm\n", "  stabilized mount        none\n",
+          "\n*  lidar.georeferencing.boresight_angles.roll  ", "\n* differs from its default\n",
+          "\nlidar.ground_classification.terrain_typology:\n   flat urban\n"})
+        EXPECT_THAT(text, HasSubstr(line)) << line;
+}
+
+TEST_F(ApplicationTest, ShowsEveryParameterAsTheDocumentHoldsIt) {
+    const Json report = Json::fromString(runWell("show factory 88 --json"));
+    std::map<std::string, Json> parameters;
+    for (auto item = report.getValue("parameters").begin(); item != report.getValue("parameters").end();
+         ++item)
+        parameters[(*item).get("path")] = *item;
+    EXPECT_EQ(parameters.size(), 112U);
+    EXPECT_EQ(parameters.at("lidar.imu_latency").toString(-1),
+              R"({"path":"lidar.imu_latency","value":0.001,"unit":"sec","minimum":-1.0,"maximum":1.0,)"
+              R"("precision":0.001,"default":0.0,"differs_from_default":true})");
+    EXPECT_EQ(parameters.at("lidar.strip_adjustment.sampling.random_sampling_factor").toString(-1),
+              R"({"path":"lidar.strip_adjustment.sampling.random_sampling_factor","value":0.1,)"
+              R"("differs_from_default":false})");
+    EXPECT_EQ(parameters.at("trajectory.cameras.[0].kappa_cardinal").contains("minimum"), false);
+}
+
+TEST_F(ApplicationTest, MergesWhatTheFileLacks) {
+    write("source.json", makeDocument(5));
+    write("p.json",
+          replaced(replaced(makeDocument(7), "\"Tessaly Gamma\"", "\"Other\""), "\"id\": 7", "\"id\": 5"));
+    const std::string before = read("p.json");
+    expect("merge source.json p.json --dry-run", 0,
+           "would add 6 \"Tessaly Alpha\": its id 5 is taken\n1 profile to add, 0 kept\n");
+    expect("merge source.json new.json --dry-run", 0,
+           "would add 5 \"Tessaly Alpha\"\n1 profile to add, 0 kept\n");
+    EXPECT_EQ(read("p.json"), before);
+    EXPECT_FALSE(exists("new.json"));
+    expect("merge source.json p.json", 0,
+           "added 6 \"Tessaly Alpha\": its id 5 is taken\n1 profile added, 0 kept\n");
+    expect("merge source.json new.json", 0, "added 5 \"Tessaly Alpha\"\n1 profile added, 0 kept\n");
+    expect("merge source.json new.json", 0, std::string(TAKEN_OVER) + "0 profiles added, 1 kept\n");
+    EXPECT_THAT(runWell("merge factory new.json"),
+                testing::AllOf(HasSubstr(TAKEN_OVER), HasSubstr("\n13 profiles added, 1 kept\n")));
+}
+
+TEST_F(ApplicationTest, PrintsFactoryDocumentsAsTheyAre) {
+    EXPECT_EQ(runWell("factory"), Domain::Payloads::DefaultProducts::getSourceDocument());
+    EXPECT_EQ(runWell("factory --document-version 2"),
+              Domain::Payloads::DefaultProducts::getSourceDocumentVersion2());
+}
+
+TEST_F(ApplicationTest, TellsWhatIsWrongWithAFileAndLeavesItAsItIs) {
+    const std::string document = makeDocument(5);
+    write("profile.json", document);
+    const std::string typeError = "[json.exception.type_error.302] type must be ";
+    const std::pair<std::string, std::string> cases[] = {
+        {"[", "[json.exception.parse_error.101] parse error at line 1, column 2: syntax error while parsing "
+              "value - unexpected end of input; expected '[', '{', or a literal"},
+        {"{}", typeError + "array, but is object"},
+        {replaced(document, "\"trajectory\"", "\"other\""),
+         "[json.exception.out_of_range.403] key 'trajectory' not found at [0]"},
+        {replaced(document, "\"name\": \"Tessaly Alpha\"", "\"name\": 7"),
+         typeError + "string, but is number at [0].name"},
+        {replaced(document, "\"value\": -2", "\"value\": 99999"),
+         "Profile Parameter: value (99999) must be within min/max (-10800/10800)"},
+        {replaced(document, "\"name\": \"Tessaly Alpha\"", "\"name\": \"\""),
+         "The \"name\" string cannot be empty."},
+        {replaced(document, "\"arcmin\"", R"("\u001b\u009b\u202e\u007f\n")"),
+         R"(Profile Parameter: unit "\u001b\u009b\u202e\u007f\n" is not supported)"}};
+    for (const auto& [text, message] : cases) {
+        write("bad.json", text);
+        for (const char* command : {"list bad.json", "list --json bad.json", "show bad.json 5",
+                                    "add bad.json profile.json", "add new.json bad.json", "delete bad.json 5",
+                                    "merge factory bad.json", "merge bad.json new.json"})
+            expect(command, 2, "", failure("bad.json", message));
+        expect("validate bad.json profile.json", 1, "bad.json: " + message + '\n');
+        expect("validate missing.json bad.json", 2, "bad.json: " + message + '\n',
+               failure("missing.json", NO_FILE));
+        EXPECT_EQ(read("bad.json"), text);
+    }
+    expect("validate profile.json", 0, "");
+    EXPECT_EQ(listFiles(), "bad.json profile.json ");
+}
+
+TEST_F(ApplicationTest, MakesNoFileForACommandThatFails) {
+    write("two.json", Domain::Payloads::DefaultProducts::getSourceDocument());
+    for (const char* command : {"list missing.json", "show missing.json 1", "validate missing.json",
+                                "delete missing.json 1", "upgrade missing.json", "merge missing.json p.json"})
+        expect(command, 2, "", failure("missing.json", NO_FILE));
+    expect("add p.json two.json", 2, "",
+           failure("two.json", "the document holds 14 profiles, one is expected"));
+    expect("show factory 12", 2, "", failure("factory", "there is no profile 12"));
+    expect("merge two.json factory", 2, "", failure("factory", "this is a source that cannot be changed"));
+    expect("merge factory p.json", 2, "", failure("p.json", "cannot write \"p.json\": File too large"),
+           "trap '' XFSZ; ulimit -f 2;");
+    EXPECT_EQ(listFiles(), "two.json ");
+}
+
+TEST_F(ApplicationTest, RefusesAWrongCommandLine) {
+    const auto wrong = [](const std::string& message, const std::string& command) {
+        return "payload-profiles: " + message + "\npayload-profiles: \"payload-profiles" + command +
+               " --help\" tells how it is used\n";
+    };
+    expect("", 2, "", wrong("A subcommand is required", ""));
+    expect("show factory", 2, "", wrong("ID is required", " show"));
+    expect("delete p.json 010x", 2, "", wrong("ID: \"010x\" is not the id of a profile", " delete"));
+    expect("factory --document-version 6", 2, "",
+           wrong("--document-version: Value 6 not in range 2 to 5", " factory"));
+    expect("--version", 0, "payload-profiles 1.0.0\n");
+    EXPECT_THAT(runWell("--help"),
+                HasSubstr("Exit codes: 0 success, 1 validate found something, 2 trouble."));
+    for (const char* command :
+         {"list", "show", "add", "delete", "validate", "factory", "merge", "upgrade", "fetch"})
+        EXPECT_THAT(runWell(std::string(command) + " --help"),
+                    HasSubstr("\nExamples:\n  payload-profiles " + std::string(command)));
+}
+
+TEST_F(ApplicationTest, KeepsControlCharactersFromTheTerminal) {
+    const std::string hostile = R"(a\u001b[31m\u0007\u009b\u007f\u202e\n)";
+    write("p.json", replaced(makeDocument(88), "\"Korvane Alpha Fine\"", '"' + hostile + '"'));
+    for (const char* command : {"list p.json", "show p.json 88", "merge p.json new.json",
+                                "delete new.json 88", "list p.json --json", "show p.json 88 --json"}) {
+        const std::string text = runWell(command);
+        EXPECT_THAT(text, HasSubstr(hostile)) << command;
+        EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) {
+            return c == '\n' || (c >= ' ' && c < '\x7f');
+        })) << command;
+    }
+    EXPECT_EQ(first(Json::fromString(runWell("list p.json --json"))).get("name"),
+              "a\x1b[31m\a\xC2\x9B\x7F\xE2\x80\xAE\n");
+}
+
+TEST_F(ApplicationTest, FailsWhenItsOutputCannotBeWritten) {
+    const std::string full = failure("standard output", "No space left on device");
+    const std::string closed = failure("standard output", "Bad file descriptor");
+    for (const char* command : {"list factory", "show factory 88", "factory", "--help"}) {
+        expect(std::string(command) + " >/dev/full", 2, "", full);
+        expect(std::string(command) + " >&-", 2, "", closed);
+    }
+    expect("merge factory p.json >&-", 2, "", closed);
+    expect("validate p.json >&-", 0, "");
+    expect("factory; echo $? >&2; } | true", 0, "", "2\n", "{");
+}
+
+} // namespace
+} // namespace norel::Desktop::PayloadProfiles::Test

@@ -1,0 +1,140 @@
+#include "RunApplication.h"
+
+#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+
+namespace norel::Desktop::PayloadProfiles::Test {
+namespace {
+
+using Domain::Payloads::DefaultProducts::getSourceDocumentFromVersionInfo;
+using testing::HasSubstr;
+
+const std::string STEP_2 = "version 1 to 2: lidar.strip_adjustment added in 7 profiles, "
+                           "lidar.precision_enhancement.average_point_cloud_thickness added in 7 profiles, "
+                           "lidar.precision_enhancement.morphological_rejection.average_point_cloud_density "
+                           "added in 7 profiles\n";
+
+/// A file as a release wrote it: without a member "lidar" where there is none. The sections that came with
+/// version 2 have other names in one of version 1.
+std::string makeStoredDocument(unsigned int version) {
+    std::string text =
+        replaced(getSourceDocumentFromVersionInfo(std::max(version, 2U)), "\"lidar\": null,", "");
+    if (version == 1)
+        for (const char* key :
+             {"\"strip_adjustment\"", "\"average_point_cloud_thickness\"", "\"average_point_cloud_density\""})
+            text = replaced(text, key, "\"former\"");
+    return text;
+}
+
+std::string found(unsigned int version) {
+    return "old.json is version " + std::to_string(version) + ", by the sections of its lidar profiles\n";
+}
+
+std::string unchanged(const std::string& reason) { return "the file is unchanged: " + reason; }
+
+class UpgradeCommandTest : public ApplicationTest {};
+
+TEST_F(UpgradeCommandTest, BringsEachVersionToTheCurrentOne) {
+    for (unsigned int version = 1; version <= 4; ++version) {
+        const std::string lidars = version < 3 ? " added in 7 profiles\n" : " added in 8 profiles\n";
+        const std::string steps[] = {STEP_2, "version 2 to 3: lidar.ground_classification" + lidars,
+                                     "version 3 to 4: lidar.point_cloud_direct_colorization" + lidars,
+                                     "version 4 to 5: lidar.ground_classification.dsm" + lidars};
+        const std::string original = makeStoredDocument(version);
+        const std::string backup = "old.json.v" + std::to_string(version) + ".bak";
+        std::string output = found(version);
+        for (unsigned int step = version; step <= 4; ++step)
+            output += steps[step - 1];
+        output.append("old.json is now version 5; the original is kept as ").append(backup).append("\n");
+        write("old.json", original);
+        expect("upgrade old.json", 0, output);
+        EXPECT_EQ(read(backup), original);
+        expect("validate old.json", 0, "");
+        const std::string text = read("old.json");
+        expect("upgrade old.json", 0, found(5) + "nothing to do\n");
+        EXPECT_EQ(read("old.json"), text);
+    }
+}
+
+TEST_F(UpgradeCommandTest, TellsInADryRunWhatWouldBeLost) {
+    const std::string document = makeStoredDocument(3);
+    write("old.json", document);
+    EXPECT_THAT(runWell("upgrade old.json --from 2 --to 3 --dry-run"),
+                HasSubstr("version 2 to 3:\n  lidar.ground_classification would be replaced in 793 \"Korvane "
+                          "Gamma Vega\", 792 "));
+    expect("upgrade --dry-run old.json --to 4", 0,
+           found(3) +
+               "version 3 to 4:\n  lidar.point_cloud_direct_colorization would be added in 8 profiles\n"
+               "nothing is changed: this was a dry run\n");
+    EXPECT_EQ(read("old.json"), document);
+    EXPECT_EQ(listFiles(), "old.json ");
+}
+
+TEST_F(UpgradeCommandTest, NeverReplacesABackup) {
+    const std::string document = makeStoredDocument(4);
+    const std::string refusal = "this backup is there already and differs from the file; move it away, or "
+                                "upgrade with --no-backup";
+    write("old.json", document);
+    write("old.json.v4.bak", "mine");
+    expect("upgrade old.json", 2, "", failure("old.json.v4.bak", refusal));
+    expect("upgrade old.json --dry-run", 2, "", failure("old.json.v4.bak", refusal));
+    EXPECT_EQ(read("old.json"), document);
+    runWell("upgrade old.json --no-backup");
+    EXPECT_EQ(read("old.json.v4.bak"), "mine");
+    write("old.json", document);
+    write("old.json.v4.bak", document);
+    runWell("upgrade old.json");
+    EXPECT_EQ(read("old.json.v4.bak"), document);
+}
+
+TEST_F(UpgradeCommandTest, LeavesTheOriginalOnEveryFailure) {
+    const std::string old = makeStoredDocument(2);
+    const auto rename = [&](const char* part, const char* replacement) {
+        return replaced(old, part, replacement);
+    };
+    std::string mixture = old;
+    mixture.insert(mixture.find("\"lidar\": {") + 10, R"("ground_classification": {},)");
+    std::string contradiction = old;
+    contradiction.insert(contradiction.find("\"lidar\": {") + 10,
+                         R"("point_cloud_direct_colorization": {},)");
+    const std::string others =
+        "88 \"Korvane Alpha Fine\", 4 \"Korvane Gamma Twin\", 3 \"Korvane Gamma Reach\", 2 "
+        "\"Korvane Gamma\", 1 \"Korvane Alpha\"";
+    const std::pair<std::string, std::string> cases[] = {
+        {mixture,
+         "the profiles are of several versions (version 2: 370 \"Korvane Alpha Fine\", " + others +
+             "; version 3: 409 \"Korvane Alpha Reach\"); tell with --from which one to upgrade from"},
+        {contradiction,
+         "the profile 409 \"Korvane Alpha Reach\" has lidar.point_cloud_direct_colorization but lacks "
+         "lidar.ground_classification; tell its version with --from"},
+        {rename("\"product\": \"Tessaly Alpha\"", "\"product\": \"Unknown\""),
+         unchanged("the step to version 3 failed: A profile cannot be upgraded because its product, "
+                   "\"Unknown\", is unknown.")},
+        {rename("\"name\": \"Tessaly Alpha\",", "\"name\": \"Tessaly Alpha\", \"lidar\": null,"),
+         unchanged("a lidar that is null cannot be upgraded, take it out of 5 \"Tessaly Alpha\"")},
+        {rename("\"z y -x\"", "\"z y x y\""),
+         unchanged(
+             "as version 5 it is no valid profile list: Profile Lidar: alignment \"z y x y\" is invalid")},
+        {"[1", "[json.exception.parse_error.101] parse error at line 1, column 3: syntax error while parsing "
+               "array - unexpected end of input; expected ']'"}};
+    for (const auto& [text, message] : cases) {
+        write("old.json", text);
+        expect("upgrade old.json", 2, "", failure("old.json", message));
+        EXPECT_EQ(read("old.json"), text);
+    }
+    write("old.json", old);
+    const std::string smallDisk = "trap '' XFSZ; ulimit -f 2;";
+    expect("upgrade old.json", 2, "", failure("old.json", "cannot write \"old.json.v2.bak\": File too large"),
+           smallDisk);
+    expect("upgrade old.json --no-backup", 2, "",
+           failure("old.json", "cannot write \"old.json\": File too large"), smallDisk);
+    expect("upgrade old.json --from 1 --to 5 --dry-run >&-", 2, "",
+           failure("standard output", "Bad file descriptor"));
+    EXPECT_EQ(read("old.json"), old);
+    EXPECT_EQ(listFiles(), "old.json ");
+}
+
+} // namespace
+} // namespace norel::Desktop::PayloadProfiles::Test
