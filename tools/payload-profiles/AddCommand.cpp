@@ -51,26 +51,26 @@ Profile parseProfile(const AddArguments& arguments, const std::string& text) {
     return profile;
 }
 
-Profile readProfile(const Session& session, const AddArguments& arguments) {
+Profile readProfile(const Context& context, const AddArguments& arguments) {
     const bool fromInput = arguments.profileFile == STANDARD_INPUT;
     return about(fromInput ? "standard input" : arguments.profileFile, [&] {
         return parseProfile(arguments, fromInput ? Terminal::readInput()
-                                                 : session.textFiles->read(arguments.profileFile));
+                                                 : context.textFiles->read(arguments.profileFile));
     });
 }
 
-void add(Session& session, const AddArguments& arguments) {
-    Profile profile = readProfile(session, arguments);
-    const FileToChange file(session, arguments.file);
+void add(Context& context, const AddArguments& arguments) {
+    Profile profile = readProfile(context, arguments);
+    const FileToChange file(context, arguments.file);
     const bool exists = readProfiles(arguments.file, file.getStorage()).existById(profile.getId());
     about(arguments.file,
-          [&] { UseCase::AddOrUpdateProfile(file.getStorage(), session.clock).execute(profile); });
-    session.console.print((exists ? "updated " : "added ") + describe(profile) + '\n');
+          [&] { UseCase::AddOrUpdateProfile(file.getStorage(), context.clock).execute(profile); });
+    context.console.print((exists ? "updated " : "added ") + describe(profile) + '\n');
 }
 
 } // namespace
 
-void addAddCommand(CLI::App& application, Session& session) {
+void addAddCommand(CLI::App& application, Context& context) {
     CLI::App& command =
         addCommand(application, "add", "Add a profile to a file, or update the one of its id",
                    "add profiles.json profile.json\n"
@@ -92,7 +92,7 @@ void addAddCommand(CLI::App& application, Session& session) {
             "--serial-number", [arguments](const std::string& number) { arguments->serialNumber = number; },
             "Give the profile this serial number")
         ->option_text("NUMBER");
-    command.callback([&session, arguments] { add(session, *arguments); });
+    command.callback([&context, arguments] { add(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -56,21 +56,21 @@ int answer(const CLI::App& application, const CLI::ParseError& error, Console& c
     return static_cast<int>(ExitCode::Trouble);
 }
 
-int execute(int argumentCount, const char* const* arguments, Session& session) {
+int execute(int argumentCount, const char* const* arguments, Context& context) {
     CLI::App application;
     describe(application);
     for (const auto add :
          {addListCommand, addShowCommand, addAddCommand, addDeleteCommand, addValidateCommand,
           addFactoryCommand, addMergeCommand, addUpgradeCommand, addFetchCommand})
-        add(application, session);
+        add(application, context);
     try {
         application.parse(argumentCount, arguments);
-        return static_cast<int>(session.exitCode);
+        return static_cast<int>(context.exitCode);
     } catch (const CLI::ParseError& error) {
-        return answer(application, error, session.console);
+        return answer(application, error, context.console);
     } catch (const Failure& failure) {
-        session.console.discard();
-        session.console.showMessage(failure.subject, failure.what());
+        context.console.discard();
+        context.console.showMessage(failure.subject, failure.what());
     }
     return static_cast<int>(ExitCode::Trouble);
 }
@@ -90,18 +90,18 @@ CLI::App& addCommand(CLI::App& application, const std::string& name, const std::
 
 int run(int argumentCount, const char* const* arguments) {
     Terminal::prepareStandardStreams();
-    Session session;
+    Context context;
     try {
-        const int exitCode = execute(argumentCount, arguments, session);
-        session.console.finish();
+        const int exitCode = execute(argumentCount, arguments, context);
+        context.console.finish();
         return exitCode;
     } catch (const Console::OutputFailure& failure) {
-        session.console.discard();
+        context.console.discard();
         if (failure.code() != std::errc::broken_pipe) // the reader has seen enough
-            session.console.showMessage("standard output", failure.code().message());
+            context.console.showMessage("standard output", failure.code().message());
     } catch (const std::exception& error) {
-        session.console.discard();
-        session.console.showMessage("", error.what());
+        context.console.discard();
+        context.console.showMessage("", error.what());
     }
     return static_cast<int>(ExitCode::Trouble);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Session.h"
+#include "Context.h"
 
 #include <string>
 
@@ -15,17 +15,17 @@ namespace norel::Desktop::PayloadProfiles {
 CLI::App& addCommand(CLI::App& application, const std::string& name, const std::string& description,
                      const std::string& examples);
 
-// Each adds one command, which runs, as soon as the command line is parsed, in `session`.
+// Each adds one command, which runs, as soon as the command line is parsed, in `context`.
 
-void addAddCommand(CLI::App& application, Session& session);
-void addDeleteCommand(CLI::App& application, Session& session);
-void addFactoryCommand(CLI::App& application, Session& session);
-void addFetchCommand(CLI::App& application, Session& session);
-void addListCommand(CLI::App& application, Session& session);
-void addMergeCommand(CLI::App& application, Session& session);
-void addShowCommand(CLI::App& application, Session& session);
-void addUpgradeCommand(CLI::App& application, Session& session);
-void addValidateCommand(CLI::App& application, Session& session);
+void addAddCommand(CLI::App& application, Context& context);
+void addDeleteCommand(CLI::App& application, Context& context);
+void addFactoryCommand(CLI::App& application, Context& context);
+void addFetchCommand(CLI::App& application, Context& context);
+void addListCommand(CLI::App& application, Context& context);
+void addMergeCommand(CLI::App& application, Context& context);
+void addShowCommand(CLI::App& application, Context& context);
+void addUpgradeCommand(CLI::App& application, Context& context);
+void addValidateCommand(CLI::App& application, Context& context);
 
 /// Parses the command line and runs its command; the result is the process's exit code.
 int run(int argumentCount, const char* const* arguments);

@@ -25,11 +25,11 @@ void checkIds(const ProfileList& list, const std::set<unsigned int>& ids, const 
 }
 
 /// Deletes all or, on any failure, none: the file is written once.
-void deleteProfiles(Session& session, const DeleteArguments& arguments) {
+void deleteProfiles(Context& context, const DeleteArguments& arguments) {
     std::set<unsigned int> ids;
     for (const std::string& id : arguments.ids)
         ids.insert(parseId(id));
-    const auto storage = openFile(session, arguments.file);
+    const auto storage = openFile(context, arguments.file);
     const ProfileList list = readProfiles(arguments.file, storage);
     checkIds(list, ids, arguments.file);
     const auto draft = std::make_shared<DraftStorage>(list);
@@ -37,12 +37,12 @@ void deleteProfiles(Session& session, const DeleteArguments& arguments) {
         UseCase::DeleteProfile(draft).execute(id);
     about(arguments.file, [&] { storage->write(draft->read()); });
     for (const unsigned int id : ids)
-        session.console.print("deleted " + describe(*list.get(id)) + '\n');
+        context.console.print("deleted " + describe(*list.get(id)) + '\n');
 }
 
 } // namespace
 
-void addDeleteCommand(CLI::App& application, Session& session) {
+void addDeleteCommand(CLI::App& application, Context& context) {
     CLI::App& command =
         addCommand(application, "delete", "Delete profiles of a file, all those named or none",
                    "delete profiles.json 88\n"
@@ -50,7 +50,7 @@ void addDeleteCommand(CLI::App& application, Session& session) {
     const auto arguments = std::make_shared<DeleteArguments>();
     command.add_option("FILE", arguments->file, "The file to change")->required();
     command.add_option("ID", arguments->ids, "The ids of the profiles")->required()->check(checkId);
-    command.callback([&session, arguments] { deleteProfiles(session, *arguments); });
+    command.callback([&context, arguments] { deleteProfiles(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

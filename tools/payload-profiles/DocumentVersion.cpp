@@ -3,13 +3,13 @@
 #include "Text.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
 using DataFormat::Json;
+using Domain::Payloads::ProfileUpgrade;
 
 constexpr const char* LIDAR = "lidar";
 
@@ -26,19 +26,19 @@ std::string makeLabel(const Json& profile, unsigned int index) {
 /// The version whose sections a profile has. Throws VersionUnclear when it lacks one that a later one it has
 /// builds on.
 unsigned int findVersion(const StoredProfile& profile) {
-    const Section* lacking = nullptr;
+    std::optional<Section> lacking;
     unsigned int version = FIRST_VERSION;
     for (unsigned int next = FIRST_VERSION + 1; next <= CURRENT_VERSION; ++next) {
-        const unsigned int lackingBefore = lacking == nullptr ? next : version + 1;
-        for (const Section& section : getSections(next)) {
+        const unsigned int lackingBefore = !lacking ? next : version + 1;
+        for (const Section& section : ProfileUpgrade::getSections(next)) {
             const bool has = hasSection(profile.value, section);
-            if (!has && lacking == nullptr)
-                lacking = &section;
+            if (!has && !lacking)
+                lacking = section;
             if (has && next > lackingBefore)
                 throw VersionUnclear("the profile " + profile.label + " has " + getName(section) +
                                      " but lacks " + getName(*lacking) + "; tell its version with --from");
         }
-        if (lacking == nullptr)
+        if (!lacking)
             version = next;
     }
     return version;
@@ -51,18 +51,6 @@ std::string getName(const Section& section) {
     for (const std::string& key : section)
         name += (name.empty() ? "" : ".") + key;
     return name;
-}
-
-const std::vector<Section>& getSections(unsigned int version) {
-    static const std::array<std::vector<Section>, CURRENT_VERSION - FIRST_VERSION> sections{{
-        {{LIDAR, "strip_adjustment"},
-         {LIDAR, "precision_enhancement", "average_point_cloud_thickness"},
-         {LIDAR, "precision_enhancement", "morphological_rejection", "average_point_cloud_density"}},
-        {{LIDAR, "ground_classification"}},
-        {{LIDAR, "point_cloud_direct_colorization"}},
-        {{LIDAR, "ground_classification", "dsm"}},
-    }};
-    return sections.at(version - FIRST_VERSION - 1);
 }
 
 bool hasSection(const Json& profile, const Section& section) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "norel/Desktop/DataFormat/Json.h"
+#include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 
 #include <optional>
 #include <stdexcept>
@@ -13,15 +14,10 @@ namespace norel::Desktop::PayloadProfiles {
 inline constexpr unsigned int FIRST_VERSION = 1;
 inline constexpr unsigned int CURRENT_VERSION = 5;
 
-/// The keys that lead to a section from the profile object.
-using Section = std::vector<std::string>;
+using Section = Domain::Payloads::ProfileUpgrade::Section;
 
 /// "lidar.strip_adjustment"
 std::string getName(const Section& section);
-
-/// The sections that a version (2 to 5) brought: the step to it replaces them or, where they are lacking,
-/// adds them.
-const std::vector<Section>& getSections(unsigned int version);
 
 bool hasSection(const DataFormat::Json& profile, const Section& section);
 

@@ -5,7 +5,7 @@
 
 namespace norel::Desktop::PayloadProfiles {
 
-void addFactoryCommand(CLI::App& application, Session& session) {
+void addFactoryCommand(CLI::App& application, Context& context) {
     CLI::App& command =
         addCommand(application, "factory", "Print the document of the built-in profiles as it is",
                    "factory > profiles.json\n"
@@ -14,8 +14,8 @@ void addFactoryCommand(CLI::App& application, Session& session) {
     command.add_option("--document-version", *version, "Version 2, 3, 4 or 5; 5 when left out")
         ->check(CLI::Range(2U, 5U))
         ->option_text("VERSION");
-    command.callback([&session, version] {
-        session.console.print(DefaultProducts::getSourceDocumentFromVersionInfo(*version));
+    command.callback([&context, version] {
+        context.console.print(DefaultProducts::getSourceDocumentFromVersionInfo(*version));
     });
 }
 

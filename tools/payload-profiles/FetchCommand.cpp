@@ -25,22 +25,22 @@ void requireNoFile(const std::string& file) {
     });
 }
 
-void fetch(Session& session, const FetchArguments& arguments) {
+void fetch(Context& context, const FetchArguments& arguments) {
     if (!arguments.source.isAddress())
         throw Failure(arguments.source.getName(),
                       "the address begins neither with http:// nor with https://");
     if (!arguments.force)
         requireNoFile(arguments.file);
-    const ProfileList list = readSource(session, arguments.source);
-    const FileToChange file(session, arguments.file);
+    const ProfileList list = readSource(context, arguments.source);
+    const FileToChange file(context, arguments.file);
     about(arguments.file, [&] { file.getStorage()->write(list); });
-    session.console.print("saved " + counted(list.list().size(), "profile") + " to " +
+    context.console.print("saved " + counted(list.list().size(), "profile") + " to " +
                           printable(arguments.file) + '\n');
 }
 
 } // namespace
 
-void addFetchCommand(CLI::App& application, Session& session) {
+void addFetchCommand(CLI::App& application, Context& context) {
     CLI::App& command = addCommand(application, "fetch", "Save the profiles of the processing web service",
                                    "fetch https://processing.example/ profiles.json --key-file key.txt\n"
                                    "fetch https://processing.example/ profiles.json --force");
@@ -49,7 +49,7 @@ void addFetchCommand(CLI::App& application, Session& session) {
     addKeyFile(command, arguments->source);
     command.add_option("FILE", arguments->file, "The file to write")->required();
     command.add_flag("--force", arguments->force, "Replace the file when it is there");
-    command.callback([&session, arguments] { fetch(session, *arguments); });
+    command.callback([&context, arguments] { fetch(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -59,14 +59,14 @@ std::string makeText(const ProfileList& list) {
     return text;
 }
 
-void list(Session& session, const ListArguments& arguments) {
-    const ProfileList profiles = readSource(session, arguments.source);
-    session.console.print(arguments.asJson ? makeJson(profiles) : makeText(profiles));
+void list(Context& context, const ListArguments& arguments) {
+    const ProfileList profiles = readSource(context, arguments.source);
+    context.console.print(arguments.asJson ? makeJson(profiles) : makeText(profiles));
 }
 
 } // namespace
 
-void addListCommand(CLI::App& application, Session& session) {
+void addListCommand(CLI::App& application, Context& context) {
     CLI::App& command = addCommand(application, "list", "List the profiles of a source",
                                    "list profiles.json\n"
                                    "list factory --json\n"
@@ -74,7 +74,7 @@ void addListCommand(CLI::App& application, Session& session) {
     const auto arguments = std::make_shared<ListArguments>();
     addSource(command, arguments->source);
     command.add_flag("--json", arguments->asJson, "Print JSON");
-    command.callback([&session, arguments] { list(session, *arguments); });
+    command.callback([&context, arguments] { list(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -54,31 +54,31 @@ ProfileList tryMerge(const std::shared_ptr<ProfileListStorage>& source, const Pr
     return draft->read();
 }
 
-ProfileList readIfThere(const Session& session, const std::string& file) {
+ProfileList readIfThere(const Context& context, const std::string& file) {
     const bool exists = about(file, [&] { return std::filesystem::exists(file); });
-    return exists ? readProfiles(file, openFile(session, file)) : ProfileList();
+    return exists ? readProfiles(file, openFile(context, file)) : ProfileList();
 }
 
-void merge(Session& session, const MergeArguments& arguments) {
+void merge(Context& context, const MergeArguments& arguments) {
     if (Source{arguments.file, {}}.isBuiltInOrAddress()) // the arguments the other way round
         throw Failure(arguments.file, "this is a source that cannot be changed");
-    const ProfileList profiles = readSource(session, arguments.source); // once: it may be far away
+    const ProfileList profiles = readSource(context, arguments.source); // once: it may be far away
     const auto source = std::make_shared<DraftStorage>(profiles);
     if (arguments.dryRun) {
-        const ProfileList before = readIfThere(session, arguments.file);
-        session.console.print(makeReport(profiles, before, tryMerge(source, before), true));
+        const ProfileList before = readIfThere(context, arguments.file);
+        context.console.print(makeReport(profiles, before, tryMerge(source, before), true));
         return;
     }
-    const FileToChange file(session, arguments.file);
+    const FileToChange file(context, arguments.file);
     const ProfileList before = readProfiles(arguments.file, file.getStorage());
     about(arguments.file, [&] { UseCase::MergeProfileStorages(source, file.getStorage()).execute(); });
-    session.console.print(
+    context.console.print(
         makeReport(profiles, before, readProfiles(arguments.file, file.getStorage()), false));
 }
 
 } // namespace
 
-void addMergeCommand(CLI::App& application, Session& session) {
+void addMergeCommand(CLI::App& application, Context& context) {
     CLI::App& command =
         addCommand(application, "merge", "Add to a file the profiles of a source whose names it lacks",
                    "merge factory profiles.json\n"
@@ -88,7 +88,7 @@ void addMergeCommand(CLI::App& application, Session& session) {
     addSource(command, arguments->source);
     command.add_option("FILE", arguments->file, "The file to change; made when there is none")->required();
     command.add_flag("--dry-run", arguments->dryRun, "Only tell what would be done");
-    command.callback([&session, arguments] { merge(session, *arguments); });
+    command.callback([&context, arguments] { merge(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

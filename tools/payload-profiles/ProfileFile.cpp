@@ -10,9 +10,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::shared_ptr<ProfileListStorage> openStorage(const Session& session, const std::string& file) {
+std::shared_ptr<ProfileListStorage> openStorage(const Context& context, const std::string& file) {
     return about(file, [&] {
-        return std::make_shared<ProfileListFileStorage>(file, session.textFiles, session.serializer);
+        return std::make_shared<ProfileListFileStorage>(file, context.textFiles, context.serializer);
     });
 }
 
@@ -24,25 +24,25 @@ void requireFile(const std::string& file) {
         throw Failure(file, error ? error.message() : "there is no such file");
 }
 
-std::shared_ptr<ProfileListStorage> openFile(const Session& session, const std::string& file) {
+std::shared_ptr<ProfileListStorage> openFile(const Context& context, const std::string& file) {
     requireFile(file);
-    return openStorage(session, file);
+    return openStorage(context, file);
 }
 
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage) {
     return about(subject, [&] { return UseCase::GetProfileListFromStorage(storage).execute(); });
 }
 
-ProfileList readText(const Session& session, const std::string& file, const std::string& text) {
+ProfileList readText(const Context& context, const std::string& file, const std::string& text) {
     const auto draft = std::make_shared<DraftTextFileStorage>(text);
-    const auto storage = std::make_shared<ProfileListFileStorage>(file, draft, session.serializer);
+    const auto storage = std::make_shared<ProfileListFileStorage>(file, draft, context.serializer);
     return UseCase::GetProfileListFromStorage(storage).execute();
 }
 
-FileToChange::FileToChange(const Session& session, const std::string& file)
+FileToChange::FileToChange(const Context& context, const std::string& file)
     : path(file),
       isNew(about(file, [&] { return !fs::exists(file); })),
-      storage(openStorage(session, file)) {}
+      storage(openStorage(context, file)) {}
 
 FileToChange::~FileToChange() {
     if (!isNew)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Session.h"
+#include "Context.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
 
 #include <filesystem>
@@ -10,19 +10,19 @@
 namespace norel::Desktop::PayloadProfiles {
 
 /// The profile list of a file, which must be there: a file storage would make a missing one.
-std::shared_ptr<ProfileListStorage> openFile(const Session& session, const std::string& file);
+std::shared_ptr<ProfileListStorage> openFile(const Context& context, const std::string& file);
 
 /// The list that a storage holds; failures are those of `subject`.
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage);
 
 /// The list that `text` would be as the content of `file`, which exists and is not touched. Throws the errors
 /// of ProfileListStorage::read.
-ProfileList readText(const Session& session, const std::string& file, const std::string& text);
+ProfileList readText(const Context& context, const std::string& file, const std::string& text);
 
 /// A file that a command changes, or makes. One that it made and left empty is removed again.
 class FileToChange {
 public:
-    FileToChange(const Session& session, const std::string& file);
+    FileToChange(const Context& context, const std::string& file);
 
     FileToChange(const FileToChange&) = delete;
     FileToChange& operator=(const FileToChange&) = delete;

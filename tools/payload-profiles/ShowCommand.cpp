@@ -14,12 +14,12 @@ struct ShowArguments {
     bool asJson = false;
 };
 
-void show(Session& session, const ShowArguments& arguments) {
+void show(Context& context, const ShowArguments& arguments) {
     const unsigned int id = parseId(arguments.id);
     unsigned int index = 0;
-    for (const Profile& profile : readSource(session, arguments.source)) {
+    for (const Profile& profile : readSource(context, arguments.source)) {
         if (profile.getId() == id) {
-            session.console.print(arguments.asJson ? makeJsonReport(profile, index)
+            context.console.print(arguments.asJson ? makeJsonReport(profile, index)
                                                    : makeTextReport(profile, index));
             return;
         }
@@ -30,7 +30,7 @@ void show(Session& session, const ShowArguments& arguments) {
 
 } // namespace
 
-void addShowCommand(CLI::App& application, Session& session) {
+void addShowCommand(CLI::App& application, Context& context) {
     CLI::App& command = addCommand(application, "show", "Show one profile with every parameter",
                                    "show profiles.json 88\n"
                                    "show factory 88 --json");
@@ -38,7 +38,7 @@ void addShowCommand(CLI::App& application, Session& session) {
     addSource(command, arguments->source);
     command.add_option("ID", arguments->id, "The profile's id")->required()->check(checkId);
     command.add_flag("--json", arguments->asJson, "Print JSON");
-    command.callback([&session, arguments] { show(session, *arguments); });
+    command.callback([&context, arguments] { show(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

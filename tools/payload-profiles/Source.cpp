@@ -63,7 +63,7 @@ std::string readKey(const Source& source) {
     return key;
 }
 
-std::shared_ptr<ProfileListStorage> openAddress(const Session& session, const Source& source) {
+std::shared_ptr<ProfileListStorage> openAddress(const Context& context, const Source& source) {
     if (source.location.find_first_of("?#") != std::string::npos)
         throw Failure(source.getName(), "a base address has no query and no fragment");
     const std::string baseUrl = source.location + (source.location.back() == '/' ? "" : "/");
@@ -71,15 +71,15 @@ std::shared_ptr<ProfileListStorage> openAddress(const Session& session, const So
     Networking::Http::CurlHttpClient::Options options;
     options.progress = [progress](std::uint64_t receivedBytes) { progress->update(receivedBytes); };
     const auto client = std::make_shared<Networking::Http::CurlHttpClient>(options);
-    return std::make_shared<ProfileListHttpStorage>(baseUrl, client, readKey(source), session.serializer);
+    return std::make_shared<ProfileListHttpStorage>(baseUrl, client, readKey(source), context.serializer);
 }
 
-std::shared_ptr<ProfileListStorage> openSource(const Session& session, const Source& source) {
+std::shared_ptr<ProfileListStorage> openSource(const Context& context, const Source& source) {
     if (source.location == FACTORY)
         return std::make_shared<ProfileListDefaultProductsStorage>();
     if (source.isAddress())
-        return about(source.getName(), [&] { return openAddress(session, source); });
-    return openFile(session, source.location);
+        return about(source.getName(), [&] { return openAddress(context, source); });
+    return openFile(context, source.location);
 }
 
 } // namespace
@@ -116,8 +116,8 @@ void addKeyFile(CLI::App& command, Source& source) {
         ->option_text("KEY-FILE");
 }
 
-ProfileList readSource(const Session& session, const Source& source) {
-    return readProfiles(source.getName(), openSource(session, source));
+ProfileList readSource(const Context& context, const Source& source) {
+    return readProfiles(source.getName(), openSource(context, source));
 }
 
 } // namespace norel::Desktop::PayloadProfiles

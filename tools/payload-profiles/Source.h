@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Session.h"
+#include "Context.h"
 
 #include <string>
 
@@ -30,6 +30,6 @@ void addSource(CLI::App& command, Source& source);
 void addKeyFile(CLI::App& command, Source& source);
 
 /// The profiles of a source. Throws Failure.
-ProfileList readSource(const Session& session, const Source& source);
+ProfileList readSource(const Context& context, const Source& source);
 
 } // namespace norel::Desktop::PayloadProfiles

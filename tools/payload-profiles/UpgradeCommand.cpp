@@ -45,7 +45,7 @@ std::string describeStep(const std::string& text, unsigned int version, bool isD
     const StoredLidars lidars(text);
     std::string step = "version " + std::to_string(version - 1) + " to " + std::to_string(version) + ":";
     const char* separator = isDryRun ? "\n  " : " ";
-    for (const Section& section : getSections(version)) {
+    for (const Section& section : ProfileUpgrade::getSections(version)) {
         step += separator + describeSection(lidars, section, isDryRun);
         separator = isDryRun ? "\n  " : ", ";
     }
@@ -53,7 +53,7 @@ std::string describeStep(const std::string& text, unsigned int version, bool isD
 }
 
 /// Runs the steps on the text in memory; prints a paragraph for each.
-std::string upgraded(Session& session, const UpgradeArguments& arguments, unsigned int from,
+std::string upgraded(Context& context, const UpgradeArguments& arguments, unsigned int from,
                      const std::string& text) {
     const auto draft = std::make_shared<DraftTextFileStorage>(text);
     for (unsigned int version = from + 1; version <= arguments.to; ++version) {
@@ -65,17 +65,17 @@ std::string upgraded(Session& session, const UpgradeArguments& arguments, unsign
             throw std::runtime_error("the file is unchanged: the step to version " + std::to_string(version) +
                                      " failed: " + error.what());
         }
-        session.console.print(report);
+        context.console.print(report);
     }
     return draft->read(arguments.file);
 }
 
 /// An upgrade to the current version has to give what the library reads.
-void checkReadable(const Session& session, const UpgradeArguments& arguments, const std::string& text) {
+void checkReadable(const Context& context, const UpgradeArguments& arguments, const std::string& text) {
     if (arguments.to != CURRENT_VERSION)
         return;
     try {
-        readText(session, arguments.file, text);
+        readText(context, arguments.file, text);
     } catch (const std::exception& error) {
         throw std::runtime_error("the file is unchanged: as version " + std::to_string(CURRENT_VERSION) +
                                  " it is no valid profile list: " + error.what());
@@ -83,10 +83,10 @@ void checkReadable(const Session& session, const UpgradeArguments& arguments, co
 }
 
 /// Where the original is kept. Throws when something else than the original is there.
-std::string chooseBackup(const Session& session, const UpgradeArguments& arguments, unsigned int from,
+std::string chooseBackup(const Context& context, const UpgradeArguments& arguments, unsigned int from,
                          const std::string& text) {
     std::string backup = arguments.file + ".v" + std::to_string(from) + ".bak";
-    if (fs::exists(fs::symlink_status(backup)) && session.textFiles->read(backup) != text)
+    if (fs::exists(fs::symlink_status(backup)) && context.textFiles->read(backup) != text)
         throw Failure(backup, "this backup is there already and differs from the file; move it away, or "
                               "upgrade with --no-backup");
     return backup;
@@ -94,7 +94,7 @@ std::string chooseBackup(const Session& session, const UpgradeArguments& argumen
 
 /// Made empty first: so nobody else's file is replaced, and the text is never open to more readers than the
 /// original is.
-void makeBackup(const Session& session, const std::string& file, const std::string& backup,
+void makeBackup(const Context& context, const std::string& file, const std::string& backup,
                 const std::string& text) {
     if (fs::exists(backup))
         return; // with the same text
@@ -104,7 +104,7 @@ void makeBackup(const Session& session, const std::string& file, const std::stri
     std::fclose(made);
     try {
         fs::permissions(backup, fs::status(file).permissions());
-        session.textFiles->write(backup, text);
+        context.textFiles->write(backup, text);
     } catch (...) {
         std::error_code ignored;
         fs::remove(backup, ignored);
@@ -112,57 +112,57 @@ void makeBackup(const Session& session, const std::string& file, const std::stri
     }
 }
 
-void upgradeFrom(Session& session, const UpgradeArguments& arguments, unsigned int from,
+void upgradeFrom(Context& context, const UpgradeArguments& arguments, unsigned int from,
                  const std::string& text) {
-    const std::string newText = upgraded(session, arguments, from, text);
-    checkReadable(session, arguments, newText);
+    const std::string newText = upgraded(context, arguments, from, text);
+    checkReadable(context, arguments, newText);
     const std::string backup =
-        arguments.noBackup ? std::string() : chooseBackup(session, arguments, from, text);
+        arguments.noBackup ? std::string() : chooseBackup(context, arguments, from, text);
     if (arguments.dryRun) {
-        session.console.print("nothing is changed: this was a dry run\n");
+        context.console.print("nothing is changed: this was a dry run\n");
         return;
     }
     if (!backup.empty())
-        makeBackup(session, arguments.file, backup, text);
-    session.textFiles->write(arguments.file, newText);
-    session.console.print(printable(arguments.file) + " is now version " + std::to_string(arguments.to) +
+        makeBackup(context, arguments.file, backup, text);
+    context.textFiles->write(arguments.file, newText);
+    context.console.print(printable(arguments.file) + " is now version " + std::to_string(arguments.to) +
                           (backup.empty() ? "" : "; the original is kept as " + printable(backup)) + '\n');
 }
 
-void upgrade(Session& session, const UpgradeArguments& arguments) {
+void upgrade(Context& context, const UpgradeArguments& arguments) {
     requireFile(arguments.file);
     about(arguments.file, [&] {
-        const std::string text = session.textFiles->read(arguments.file);
+        const std::string text = context.textFiles->read(arguments.file);
         const StoredLidars lidars(text);
         const auto from = arguments.from != 0 ? arguments.from : findVersion(lidars.profiles);
         const std::string file = printable(arguments.file);
         if (!from) {
-            checkReadable(session, arguments, text);
-            session.console.print(file + " has no lidar profile: every version holds it as it is\n");
+            checkReadable(context, arguments, text);
+            context.console.print(file + " has no lidar profile: every version holds it as it is\n");
             return;
         }
         if (arguments.from == 0)
-            session.console.print(file + " is version " + std::to_string(*from) +
+            context.console.print(file + " is version " + std::to_string(*from) +
                                   ", by the sections of its lidar profiles\n");
         if (*from > arguments.to)
             throw std::runtime_error("version " + std::to_string(*from) +
                                      " cannot be brought back to version " + std::to_string(arguments.to));
         if (*from == arguments.to) {
-            checkReadable(session, arguments, text);
-            session.console.print("nothing to do\n");
+            checkReadable(context, arguments, text);
+            context.console.print("nothing to do\n");
             return;
         }
         if (!lidars.nulls.empty())
             throw std::runtime_error(
                 "the file is unchanged: a lidar that is null cannot be upgraded, take it out of " +
                 joinLabels(lidars.nulls));
-        upgradeFrom(session, arguments, *from, text);
+        upgradeFrom(context, arguments, *from, text);
     });
 }
 
 } // namespace
 
-void addUpgradeCommand(CLI::App& application, Session& session) {
+void addUpgradeCommand(CLI::App& application, Context& context) {
     CLI::App& command =
         addCommand(application, "upgrade", "Bring a file of an earlier release to a later document version",
                    "upgrade old.json --dry-run\n"
@@ -179,7 +179,7 @@ void addUpgradeCommand(CLI::App& application, Session& session) {
     command.add_flag("--dry-run", arguments->dryRun, "Only tell what each step would replace");
     command.add_flag("--no-backup", arguments->noBackup,
                      "Do not keep the original, version N, as FILE.vN.bak");
-    command.callback([&session, arguments] { upgrade(session, *arguments); });
+    command.callback([&context, arguments] { upgrade(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

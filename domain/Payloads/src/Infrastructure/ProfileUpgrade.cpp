@@ -12,26 +12,7 @@ namespace norel::Desktop::Domain::Payloads {
 namespace {
 
 using DataFormat::Json;
-using Section = std::vector<std::string>; // the keys that lead to it from the profile object
-
-/// The sections that each version added or retuned.
-std::vector<Section> sectionsOf(unsigned int version) {
-    using namespace Keys;
-    switch (version) {
-    case 2:
-        return {{LIDAR, STRIP_ADJUSTMENT},
-                {LIDAR, PRECISION_ENHANCEMENT, AVERAGE_POINT_CLOUD_THICKNESS},
-                {LIDAR, PRECISION_ENHANCEMENT, MORPHOLOGICAL_REJECTION, AVERAGE_POINT_CLOUD_DENSITY}};
-    case 3:
-        return {{LIDAR, GROUND_CLASSIFICATION}};
-    case 4:
-        return {{LIDAR, POINT_CLOUD_DIRECT_COLORIZATION}};
-    case 5:
-        return {{LIDAR, GROUND_CLASSIFICATION, DSM}};
-    default:
-        return {};
-    }
-}
+using Section = ProfileUpgrade::Section;
 
 /// The first profile of that product, without regard to the case of its letters.
 Json findFactoryProfile(const Json& defaults, const std::string& product) {
@@ -77,13 +58,31 @@ Json upgraded(const Json& stored, const Json& defaults, const std::vector<Sectio
 
 } // namespace
 
+std::vector<Section> ProfileUpgrade::getSections(unsigned int version) {
+    using namespace Keys;
+    switch (version) {
+    case 2:
+        return {{LIDAR, STRIP_ADJUSTMENT},
+                {LIDAR, PRECISION_ENHANCEMENT, AVERAGE_POINT_CLOUD_THICKNESS},
+                {LIDAR, PRECISION_ENHANCEMENT, MORPHOLOGICAL_REJECTION, AVERAGE_POINT_CLOUD_DENSITY}};
+    case 3:
+        return {{LIDAR, GROUND_CLASSIFICATION}};
+    case 4:
+        return {{LIDAR, POINT_CLOUD_DIRECT_COLORIZATION}};
+    case 5:
+        return {{LIDAR, GROUND_CLASSIFICATION, DSM}};
+    default:
+        return {};
+    }
+}
+
 void ProfileUpgrade::upgradeToVersion(unsigned int version,
                                       const std::shared_ptr<Storage::TextFileStorage>& textFileStorage,
                                       const std::filesystem::path& path,
                                       const std::string& defaultsDocument) {
     Json stored = Json::fromString(textFileStorage->read(path));
     const Json defaults = Json::fromString(defaultsDocument);
-    if (const std::vector<Section> sections = sectionsOf(version); !sections.empty())
+    if (const std::vector<Section> sections = getSections(version); !sections.empty())
         stored = upgraded(stored, defaults, sections);
     textFileStorage->write(path, stored.toString(4));
 }

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace norel::Desktop::Domain::Payloads {
 
@@ -13,6 +14,13 @@ namespace norel::Desktop::Domain::Payloads {
 /// version added or retuned are taken from the factory profile of the same product. Holds no state.
 class NOREL_PAYLOADS_EXPORT ProfileUpgrade {
 public:
+    /// A section of a profile object: the keys that lead to it.
+    using Section = std::vector<std::string>;
+
+    /// The sections that a version (2 to 5) added or retuned, in the order in which its step copies them;
+    /// none for any other version.
+    static std::vector<Section> getSections(unsigned int version);
+
     /// Replaces, in every profile of the file that has a lidar, the sections that `version` (2 to 5) brought
     /// by those of its product in `defaultsDocument`, which is
     /// DefaultProducts::getSourceDocumentFromVersionInfo(version). The product is matched without regard to

@@ -17,7 +17,7 @@ using namespace Domain::Payloads;
 enum class ExitCode { Success = 0, FailuresFound = 1, Trouble = 2 };
 
 /// What a command has to say and to work with.
-struct Session {
+struct Context {
     Console console;
     ExitCode exitCode = ExitCode::Success; ///< of a command that ends without an exception
 

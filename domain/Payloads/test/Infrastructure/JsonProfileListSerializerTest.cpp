@@ -1,0 +1,267 @@
+#include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
+
+#include "Sample.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+namespace norel::Desktop::Domain::Payloads::Test {
+namespace {
+
+using testing::ElementsAre;
+using testing::ThrowsMessage;
+using Serializer = JsonProfileListSerializer;
+using Json = Serializer::Json;
+using Options = Serializer::Options;
+using ParsingError = ProfileListSerializer::ParsingError;
+using Tree = nlohmann::ordered_json;
+
+const Serializer serializer;
+
+/// What the JSON text reads as, as member "k" of an object.
+template <typename Leaf>
+Leaf read(const std::string& text, Leaf leaf = {}) {
+    const Serializer::JsonPath root(Json::fromString("{\"k\": " + text + "}"));
+    serializer.fromJson(root.makePathToKey("k"), leaf, Options());
+    return leaf;
+}
+
+template <typename Leaf>
+void expectRefused(const std::string& text, const std::string& message) {
+    EXPECT_THAT([&] { read<Leaf>(text); }, ThrowsMessage<ParsingError>(message)) << text;
+}
+
+template <typename Leaf>
+void expectKindRefused(const std::string& text, const std::string& expected, const std::string& kind) {
+    expectRefused<Leaf>(text, "[json.exception.type_error.302] type must be " + expected + ", but is " +
+                                  kind + " at k");
+}
+
+TEST(Serializer, ReadsLeaves) {
+    EXPECT_EQ(read<int>("-3.7"), -3);
+    EXPECT_EQ(read<int>("true"), 1);
+    EXPECT_EQ(read<int>("4294967295"), -1);
+    EXPECT_EQ(read<unsigned int>("-1"), 4294967295U);
+    EXPECT_EQ(read<unsigned int>("3.7"), 3U);
+    EXPECT_EQ(read<unsigned int>("false"), 0U);
+    EXPECT_EQ(read<double>("3"), 3.0);
+    EXPECT_EQ(read<double>("-1e-05"), -1e-05);
+    EXPECT_EQ(read<bool>("true"), true);
+    EXPECT_EQ(read<std::string>(R"("\u00e9")"), "\xC3\xA9");
+    EXPECT_THAT((read<std::vector<std::string>>(R"(["b", "a", "b"])", {"old"})), ElementsAre("b", "a", "b"));
+    EXPECT_EQ((read<std::map<std::string, int>>(R"({"b": true, "B": -1.5})", {{"old", 1}})),
+              (std::map<std::string, int>{{"B", -1}, {"b", 1}}));
+    EXPECT_EQ((read<std::map<std::string, unsigned int>>("{\"b\": -1}")),
+              (std::map<std::string, unsigned int>{{"b", 4294967295U}}));
+    EXPECT_EQ((read<std::map<std::string, double>>("{}", {{"old", 1}})), (std::map<std::string, double>{}));
+    EXPECT_EQ(read<DateTime::DateTime>("\"1970-01-01T01:00:01.5+01:00\""),
+              DateTime::DateTime(std::chrono::sys_seconds(std::chrono::seconds(1)),
+                                 std::chrono::milliseconds(500)));
+}
+
+TEST(Serializer, RefusesLeavesOfAnotherKind) {
+    for (const auto& [text, kind] : std::vector<std::pair<std::string, std::string>>{
+             {"null", "null"}, {"{}", "object"}, {"[]", "array"}, {"\"2\"", "string"}}) {
+        expectKindRefused<int>(text, "number", kind);
+        expectKindRefused<unsigned int>(text, "number", kind);
+        expectKindRefused<double>(text, "number", kind);
+        expectKindRefused<bool>(text, "boolean", kind);
+    }
+    expectKindRefused<double>("true", "number", "boolean");
+    expectKindRefused<bool>("1", "boolean", "number");
+    for (const auto& [text, kind] : std::vector<std::pair<std::string, std::string>>{
+             {"null", "null"}, {"1.5", "number"}, {"true", "boolean"}}) {
+        expectKindRefused<std::string>(text, "string", kind);
+        expectKindRefused<DateTime::DateTime>(text, "string", kind);
+        expectKindRefused<std::vector<std::string>>(text, "array", kind);
+        expectKindRefused<std::vector<std::string>>("[\"a\", " + text + "]", "string", kind);
+        expectKindRefused<std::map<std::string, int>>(text, "object", kind);
+    }
+    expectKindRefused<std::map<std::string, unsigned int>>("[]", "object", "array");
+    expectKindRefused<std::map<std::string, int>>("{\"a\": \"1\"}", "number", "string");
+    expectKindRefused<std::map<std::string, double>>("{\"a\": 1, \"b\": true}", "number", "boolean");
+    expectRefused<DateTime::DateTime>(
+        "\"2021-02-29T00:00:00Z\"",
+        "\"2021-02-29T00:00:00Z\" is not an ISO 8601 date-time such as 2021-10-05T21:18:26+00:00 at k");
+}
+
+TEST(Serializer, ReadsParametersByTheirFlags) {
+    using Builder = Parameter<double>::Builder;
+    const Builder held{9, 8, 7, 6, {{"held", 5}}, 0.5, "held"};
+    const std::string all =
+        R"({"unit":"px","value":20,"precision":10,"maximum":30,"minimum":-3,"presets":{"p":1},)"
+        R"("defaultValue":25})";
+    struct {
+        unsigned int flags;
+        std::string text;
+        Builder read; // into `held`
+    } const cases[] = {
+        {0, all, {20, -3, 30, 25, {{"p", 1}}, 10, "px"}},
+        {0, R"({"defaultValue":1,"minimum":2,"maximum":3,"value":4,"unit":"u"})", {4, 2, 3, 1, {}, 1, "u"}},
+        {Options::NO_UNIT, all, {20, -3, 30, 25, {{"p", 1}}, 10, "held"}},
+        {Options::NO_CONSTRAINTS, all, {20, 8, 7, 25, {{"p", 1}}, 0.5, "px"}},
+        {Options::NO_CONSTRAINTS, R"({"defaultValue":1,"value":4,"unit":"u"})", {4, 8, 7, 1, {}, 0.5, "u"}},
+        {Options::VALUE_ONLY, all, {20, 8, 7, 6, {{"held", 5}}, 0.5, "px"}},
+        {Options::VALUE_ONLY | Options::NO_UNIT, all, {20, 8, 7, 6, {{"held", 5}}, 0.5, "held"}},
+    };
+    for (const auto& [flags, text, expected] : cases) {
+        Builder builder = held;
+        serializer.fromJson(Serializer::JsonPath(Json::fromString(text)), builder, flags);
+        EXPECT_TRUE(builder == expected) << flags << " " << text;
+    }
+}
+
+TEST(Serializer, OnlyVectorsAndAnglesPassOnTheirFlags) {
+    const auto text = [](const auto& builder) {
+        return serializer.toJson(builder.build(), Options::VALUE_ONLY | Options::NO_UNIT).toString(-1);
+    };
+    EXPECT_EQ(text(Angles3::Builder()),
+              R"({"roll":{"value":0.0},"pitch":{"value":0.0},"yaw":{"value":0.0}})");
+    const std::string part = R"({"defaultValue":0,"value":0,"unit":""})";
+    EXPECT_EQ(text(MountingAngles3::Builder()),
+              R"({"x":)" + part + R"(,"y":)" + part + R"(,"z":)" + part + "}");
+    EXPECT_THAT(text(CameraAngles3::Builder()),
+                testing::StartsWith(R"({"Tx":{"defaultValue":0.0,"minimum":-1.79)"));
+}
+
+TEST(Serializer, ReadsTextsWithoutProfilesAndRefusesWhatIsNoArray) {
+    EXPECT_EQ(serializer.serialize(ProfileList()), "[]");
+    EXPECT_TRUE(serializer.deserialize("") == ProfileList());
+    EXPECT_TRUE(serializer.deserialize(" [ ]\r\n") == ProfileList());
+    for (const char* kind : {"object", "string", "number", "boolean", "null"}) {
+        const std::map<std::string, const char*> texts{
+            {"object", "{}"}, {"string", "\"[]\""}, {"number", "5"}, {"boolean", "true"}, {"null", "null"}};
+        EXPECT_THAT([&] { serializer.deserialize(texts.at(kind)); },
+                    ThrowsMessage<ParsingError>(
+                        std::string("[json.exception.type_error.302] type must be array, but is ") + kind));
+    }
+    for (const char* text : {"[", " ", "[]]", "nul"}) {
+        std::string message;
+        try {
+            Json::fromString(text);
+        } catch (const Json::JsonError& error) {
+            message = error.what();
+        }
+        EXPECT_THAT([&] { serializer.deserialize(text); }, ThrowsMessage<ParsingError>(message));
+        EXPECT_THAT(message, testing::StartsWith("[json.exception.parse_error.101] parse error at "));
+    }
+}
+
+TEST(Serializer, NumbersProfilesAsTheyAreRead) {
+    const Tree profile = Tree::parse(serializer.serialize(makeList({{1, "name"}})))[0];
+    Tree document = Tree::array();
+    for (const char* id : {"7", "7", "4294967295", "-1", "3.7", "true", "2"}) {
+        document.push_back(profile);
+        document.back()["id"] = Tree::parse(id);
+    }
+    std::vector<unsigned int> ids;
+    for (const Profile& profileRead : serializer.deserialize(document.dump()))
+        ids.push_back(profileRead.getId());
+    EXPECT_THAT(ids, ElementsAre(7, 8, 9, 10, 3, 1, 2));
+}
+
+TEST(Serializer, ReportsTheFirstProfileThatFailsInWhateverWay) {
+    const Tree profile = Tree::parse(serializer.serialize(makeList({{1, "name"}})))[0];
+    Tree nameless = profile, incomplete = profile, misaligned = profile;
+    nameless["name"] = "";
+    incomplete.erase("trajectory");
+    misaligned["lidar"] = Tree::parse([] {
+        ProfileList list;
+        Profile full = makeFullProfile().build();
+        list.add(full);
+        return serializer.serialize(list);
+    }())[0]["lidar"];
+    misaligned["lidar"]["alignment"] = "x -x y";
+    const auto reading = [](const Tree& document) {
+        return [=] { serializer.deserialize(document.dump()); };
+    };
+    EXPECT_THAT(reading({profile, nameless, incomplete}),
+                ThrowsMessage<Profile::InvalidProfile>("The \"name\" string cannot be empty."));
+    EXPECT_THAT(
+        reading({profile, profile, incomplete, nameless}),
+        ThrowsMessage<ParsingError>("[json.exception.out_of_range.403] key 'trajectory' not found at [2]"));
+    EXPECT_THAT(reading(Tree::array({misaligned})),
+                ThrowsMessage<std::invalid_argument>("Profile Lidar: alignment \"x -x y\" is invalid"));
+    misaligned["lidar"]["georeferencing"]["field_of_views"] = Tree::array();
+    misaligned["lidar"]["alignment"] = "x z y";
+    EXPECT_THAT(
+        reading(Tree::array({misaligned})),
+        ThrowsMessage<std::invalid_argument>("Profile FieldOfViews: at least one FieldOfView is required"));
+}
+
+/// Writes lever arms and other vectors, and segmentations, as plain texts.
+struct ShortSerializer : Serializer {
+    using Serializer::fromJson;
+    using Serializer::toJson;
+
+    Json toJson(const Vector3& /*value*/, Options /*options*/) const override { return Json("vector"); }
+    void fromJson(const JsonPath& path, Vector3::Builder& builder, Options /*options*/) const override {
+        builder.x.value = path.getValue().getAsString() == "vector" ? 42 : 0;
+    }
+    Json toJson(const GroundClassification::Segmentation& /*value*/, Options /*options*/) const override {
+        return Json("segmentation");
+    }
+    void fromJson(const JsonPath& path, GroundClassification::Segmentation::Builder& builder,
+                  Options /*options*/) const override {
+        paths.push_back(path);
+        builder.minimumPointsPerRegion.value = 43;
+    }
+
+    mutable std::vector<JsonPath> paths;
+};
+
+TEST(Serializer, LetsADerivedOneOverrideASectionWhereverItOccurs) {
+    const ShortSerializer shortSerializer;
+    ProfileList list;
+    Profile profile = makeFullProfile().build();
+    list.add(profile);
+    const std::string text = shortSerializer.serialize(list);
+    std::map<std::string, int> occurrences;
+    const Tree leaves = Tree::parse(text).flatten();
+    for (const auto& [pointer, leaf] : leaves.items())
+        if (leaf.is_string())
+            ++occurrences[leaf];
+    EXPECT_EQ(occurrences["vector"], 10);
+    EXPECT_EQ(occurrences["segmentation"], 2);
+    const Profile read = shortSerializer.deserialize(text).list().front();
+    EXPECT_EQ(read.getLidar()->getBoresightCalibration().getLidarAccuracy().getX().getValue(), 42);
+    EXPECT_EQ(read.getTrajectory().getCameras().getListOfCameras().at(1).getLeverArm().getX().getValue(), 42);
+    EXPECT_EQ(read.getTrajectory().getImuExternal()->getLeverArmAntenna().getX().getValue(), 42);
+    const auto ground = read.getLidar()->getGroundClassification();
+    EXPECT_EQ(ground.getInteriorProcessing().getSegmentation().getMinimumPointsPerRegion().getValue(), 43U);
+    EXPECT_EQ(ground.getHullProcessing().getSegmentation().getMinimumPointsPerRegion().getValue(), 43U);
+    ASSERT_EQ(shortSerializer.paths.size(), 2U); // kept after the read
+    EXPECT_EQ(shortSerializer.paths[1].getPathString(),
+              "[0].lidar.ground_classification.hull_processing.segmentation");
+    EXPECT_EQ(shortSerializer.paths[1].getValue().getAsString(), "segmentation");
+}
+
+TEST(JsonPath, LeadsToMembersAndElements) {
+    using JsonPath = Serializer::JsonPath;
+    const auto makeDeepPath = [] {
+        const JsonPath root(Json::fromString(R"([{"a.b": {"c": null, "d": 4}}])"));
+        const JsonPath element = root.makePathToIndex(*root.getValue().begin(), 12);
+        return element.makePathToKey("a.b");
+    };
+    const JsonPath path = makeDeepPath(); // outlives those that led to it
+    const JsonPath copy = path;
+    EXPECT_THAT(copy.getPath(), ElementsAre("[12]", "a.b"));
+    EXPECT_EQ(copy.getPathString(), "[12].a.b");
+    EXPECT_EQ(copy.makePathToKey("d").getValue().as<int>(), 4);
+    EXPECT_TRUE(path.contains("c"));
+    EXPECT_FALSE(path.isOptionalSet("c"));
+    EXPECT_TRUE(path.isOptionalSet("d"));
+    EXPECT_FALSE(path.contains("e") || path.isOptionalSet("e"));
+    EXPECT_EQ(JsonPath(Json()).getPathString(), "");
+    EXPECT_TRUE(JsonPath(Json()).getPath().empty());
+    EXPECT_THAT(
+        [&] { path.makePathToKey("e"); },
+        ThrowsMessage<ParsingError>("[json.exception.out_of_range.403] key 'e' not found at [12].a.b"));
+    EXPECT_THAT([&] { path.makePathToKey("d").makePathToKey("e"); },
+                ThrowsMessage<ParsingError>(
+                    "[json.exception.type_error.304] cannot use at() with number at [12].a.b.d"));
+    EXPECT_FALSE(path.makePathToKey("d").contains("e"));
+}
+
+} // namespace
+} // namespace norel::Desktop::Domain::Payloads::Test

@@ -1,0 +1,203 @@
+#include "InMemoryTextFileStorage.h"
+#include "Sample.h"
+#include "ScriptedHttpClient.h"
+#include "norel/Desktop/Storage/DurableTextFileStorage.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <iterator>
+#include <unistd.h>
+
+namespace norel::Desktop::Domain::Payloads::Test {
+namespace {
+
+using Desktop::Test::InMemoryTextFileStorage;
+using Desktop::Test::ScriptedHttpClient;
+using testing::HasSubstr;
+using testing::ThrowsMessage;
+using InvalidContent = ProfileListStorage::InvalidContent;
+using CannotRead = ProfileListStorage::CannotReadProfileList;
+using HttpClient = Networking::Http::HttpClient;
+
+const auto serializer = std::make_shared<JsonProfileListSerializer>();
+
+/// A document whose one profile breaks a rule of the model, with the message of that rule.
+struct BrokenDocument {
+    std::string text = serializer->serialize(makeList({{1, "name"}}));
+    std::string message = "The \"name\" string cannot be empty.";
+
+    BrokenDocument() { text.replace(text.find("\"name\": \"name\""), 14, "\"name\": \"\""); }
+};
+
+std::string messageOf(const std::string& text) {
+    try {
+        serializer->deserialize(text);
+    } catch (const ProfileListSerializer::ParsingError& error) {
+        return error.what();
+    }
+    return "it is a document";
+}
+
+class ProfileListFileStorageTest : public testing::Test {
+protected:
+    ProfileListFileStorageTest() { std::filesystem::create_directory(folder); }
+    ~ProfileListFileStorageTest() override { std::filesystem::remove_all(folder); }
+
+    std::string content() const {
+        std::ifstream stream(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("norel-payloads-test-" + std::to_string(::getpid()));
+    const std::filesystem::path file = folder / "profiles.json";
+    const std::shared_ptr<InMemoryTextFileStorage> memory = std::make_shared<InMemoryTextFileStorage>();
+    const std::shared_ptr<Storage::TextFileStorage> durable =
+        std::make_shared<Storage::DurableTextFileStorage>();
+};
+
+TEST_F(ProfileListFileStorageTest, MakesAnEmptyFileWhereThereIsNoneAndKeepsItsListThere) {
+    ProfileListFileStorage storage(file, durable, serializer);
+    ASSERT_TRUE(std::filesystem::is_regular_file(file));
+    EXPECT_EQ(content(), "");
+    EXPECT_TRUE(storage.read() == ProfileList());
+    const ProfileList list = makeList({{4, "b"}, {2, "a"}});
+    storage.write(list);
+    EXPECT_EQ(content(), serializer->serialize(list));
+    EXPECT_TRUE(storage.read() == list);
+    EXPECT_TRUE(ProfileListFileStorage(file, durable, serializer).read() == list); // and left it as it was
+    std::ofstream(file) << "[]";
+    EXPECT_TRUE(storage.read() == ProfileList()); // what others wrote is seen
+    storage.remove();
+    EXPECT_FALSE(std::filesystem::exists(file));
+    storage.write(list);
+    EXPECT_TRUE(storage.read() == list);
+}
+
+TEST_F(ProfileListFileStorageTest, LeavesWhateverIsThereAndReportsFailuresOnUse) {
+    std::ofstream(file) << "[\r\n";
+    ProfileListFileStorage storage(file, durable, serializer);
+    EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<InvalidContent>(messageOf("[\r\n")));
+    EXPECT_EQ(content(), "[\r\n");
+    const BrokenDocument broken;
+    std::ofstream(file) << broken.text;
+    EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>(broken.message));
+    EXPECT_EQ(content(), broken.text);
+
+    EXPECT_NO_THROW(ProfileListFileStorage(folder, durable, serializer));
+    ProfileListFileStorage nowhere(folder / "none" / "profiles.json", durable, serializer);
+    std::string cause;
+    try {
+        durable->read(folder / "none" / "profiles.json");
+    } catch (const std::exception& error) {
+        cause = error.what();
+    }
+    EXPECT_THAT([&] { nowhere.read(); }, ThrowsMessage<CannotRead>(cause));
+    try {
+        ProfileListFileStorage(file / "inside a file", durable, serializer); // is no failure to tell
+        ProfileListFileStorage(folder / std::string(5000, 'x'), durable, serializer);
+        ADD_FAILURE();
+    } catch (const std::filesystem::filesystem_error& error) {
+        EXPECT_EQ(error.code(), std::errc::filename_too_long);
+    }
+}
+
+TEST_F(ProfileListFileStorageTest, CarriesTheStoresMessagesUnchanged) {
+    ProfileListFileStorage storage(file, memory, serializer);
+    memory->failRead = memory->failWrite =
+        memory->failRemove = [] { throw std::runtime_error("disk: \"full\"\n"); };
+    EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>("disk: \"full\"\n"));
+    EXPECT_THAT([&] { storage.write({}); },
+                ThrowsMessage<ProfileListStorage::CannotWriteProfileList>("disk: \"full\"\n"));
+    EXPECT_THAT([&] { storage.remove(); },
+                ThrowsMessage<ProfileListStorage::CannotRemoveProfileList>("disk: \"full\"\n"));
+    memory->failRead = memory->failWrite = memory->failRemove = [] { throw std::logic_error("odd"); };
+    EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>("odd"));
+    EXPECT_THAT([&] { storage.write({}); }, ThrowsMessage<ProfileListStorage::CannotWriteProfileList>("odd"));
+    EXPECT_THAT([&] { storage.remove(); }, ThrowsMessage<std::logic_error>("odd"));
+    memory->failRead = [] { throw 5; };
+    EXPECT_THROW(storage.read(), int);
+    Profile::Builder builder = makeProfile(1, "\xff"); // no UTF-8, so no JSON
+    ProfileList list;
+    Profile profile = builder.build();
+    list.add(profile);
+    memory->writes = 0;
+    EXPECT_THAT([&] { storage.write(list); },
+                ThrowsMessage<ProfileListStorage::CannotWriteProfileList>(HasSubstr("invalid UTF-8 byte")));
+    EXPECT_EQ(memory->writes, 0);
+}
+
+template <typename Operation>
+void expectUnreachable(const Operation& operation, const std::string& message, const std::string& file) {
+    EXPECT_THAT(operation, ThrowsMessage<Utils::UnreachableCodeError>(testing::MatchesRegex(
+                               message + " \\[Infrastructure/" + file + ":[1-9][0-9]*\\]")));
+}
+
+TEST(ProfileListHttpStorage, SendsOneRequestPerRead) {
+    for (const auto& [base, key] : {std::pair("https://host/", "secret"), std::pair("host", "")}) {
+        const auto client = std::make_shared<ScriptedHttpClient>();
+        client->answer = [] {
+            return HttpClient::Response{204, serializer->serialize(makeList({{7, "a"}}))};
+        };
+        ProfileListHttpStorage storage(base, client, key, serializer);
+        EXPECT_TRUE(client->requests.empty());
+        EXPECT_TRUE(storage.read() == makeList({{7, "a"}}));
+        ASSERT_EQ(client->requests.size(), 1U);
+        EXPECT_EQ(client->requests[0].method, HttpClient::Method::Get);
+        EXPECT_EQ(client->requests[0].url, std::string(base) + "api/processing/v1/payload");
+        EXPECT_EQ(client->requests[0].body, "");
+        EXPECT_EQ(client->requests[0].key, key);
+        client->answer = [] { return HttpClient::Response{200, ""}; };
+        EXPECT_TRUE(storage.read() == ProfileList());
+    }
+}
+
+TEST(ProfileListHttpStorage, TurnsEveryFailureIntoAStorageError) {
+    const auto client = std::make_shared<ScriptedHttpClient>();
+    ProfileListHttpStorage storage("https://host/", client, "", serializer);
+    const auto read = [&] { storage.read(); };
+    client->answer = []() -> HttpClient::Response { throw HttpClient::HttpRequestFailed("no route"); };
+    EXPECT_THAT(read, ThrowsMessage<CannotRead>("Cannot contact profile service; cause is \"no route\"."));
+    client->answer = []() -> HttpClient::Response { throw std::logic_error("other"); };
+    EXPECT_THAT(read, ThrowsMessage<CannotRead>("other"));
+    for (const HttpClient::Response& response :
+         {HttpClient::Response{404, "[]"}, {500, ""}, {301, "{"}, {0, ""}}) {
+        client->answer = [&] { return response; };
+        EXPECT_THAT(read, ThrowsMessage<CannotRead>(
+                              "HTTP \"profile\" request was unsuccessful; cause is " +
+                              Utils::ConvertToGenericString::convertToGenericString(response) + "."));
+    }
+    client->answer = [] { return HttpClient::Response{200, "<html>"}; };
+    EXPECT_THAT(read, ThrowsMessage<InvalidContent>(messageOf("<html>")));
+    const BrokenDocument broken;
+    client->answer = [&] { return HttpClient::Response{200, broken.text}; };
+    EXPECT_THAT(read, ThrowsMessage<CannotRead>(broken.message));
+    client->answer = []() -> HttpClient::Response { throw 5; };
+    EXPECT_THROW(storage.read(), int);
+
+    const std::size_t requests = client->requests.size();
+    expectUnreachable([&] { storage.write({}); },
+                      "an unexpected ProfileListHttpStorage::write was called, storage is read only",
+                      "ProfileListHttpStorage");
+    expectUnreachable([&] { storage.remove(); },
+                      "an unexpected ProfileListHttpStorage::remove was called, storage is not removable",
+                      "ProfileListHttpStorage");
+    EXPECT_EQ(client->requests.size(), requests);
+}
+
+TEST(ProfileListDefaultProductsStorage, IsReadOnly) {
+    ProfileListDefaultProductsStorage storage;
+    EXPECT_TRUE(storage.read() == storage.read());
+    EXPECT_TRUE(storage.read() == serializer->deserialize(DefaultProducts::getSourceDocument()));
+    expectUnreachable(
+        [&] { storage.write({}); },
+        "an unexpected ProfileListDefaultProductsStorage::write was called, storage is read only",
+        "ProfileListDefaultProductsStorage");
+    expectUnreachable(
+        [&] { storage.remove(); },
+        "an unexpected ProfileListDefaultProductsStorage::remove was called, storage is not removable",
+        "ProfileListDefaultProductsStorage");
+}
+
+} // namespace
+} // namespace norel::Desktop::Domain::Payloads::Test

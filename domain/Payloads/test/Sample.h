@@ -1,0 +1,183 @@
+#pragma once
+
+#include "ValueRows.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace norel::Desktop::Domain::Payloads::Test {
+
+/// One member at the bottom of a Builder, holding a value that no other one holds.
+struct Leaf {
+    std::function<void()> mend;   ///< gives it its own value
+    std::function<void()> change; ///< gives it another valid value
+    std::function<void()> spoil;  ///< makes it invalid; none without a rule
+    std::string refusal;          ///< the message of the spoiled member
+};
+
+/// Fills a Builder, every optional and list in it included, and knows its leaves in the order in which they
+/// must be built. The Builder must stay where it is.
+class Sample {
+public:
+    template <typename Builder>
+    explicit Sample(Builder& builder) {
+        visit(builder, 0);
+    }
+
+    std::vector<Leaf> leaves;
+
+private:
+    int nextNumber() const { return static_cast<int>(leaves.size()) + 1; }
+
+    void add(Leaf&& leaf) {
+        leaves.push_back(std::move(leaf));
+        leaves.back().mend();
+    }
+
+    template <typename T>
+    void add(T& member, const T& value, const T& other) {
+        add({[&member, value] { member = value; }, [&member, other] { member = other; }, {}, {}});
+    }
+
+    /// `item` is the index in the list that the Builder is in.
+    template <typename Builder>
+    void visit(Builder& builder, std::size_t item) {
+        using Value = decltype(builder.build());
+        std::apply([&](const auto&... rows) { (visitRow(builder, rows, item), ...); }, rowsOf<Value>());
+    }
+
+    template <typename Builder, typename Member, typename Getter>
+    void visitRow(Builder& builder, const Row<Member, Getter>& row, std::size_t item) {
+        visit(builder.*row.member, item);
+    }
+
+    template <typename Builder, typename Member, typename Getter>
+    void visitRow(Builder& builder, const TextRow<Member, Getter>& row, std::size_t item) {
+        std::string& text = builder.*row.member;
+        const std::string wrong = "wrong " + std::to_string(nextNumber());
+        add(text, std::string(row.valid[item]), std::string(row.valid[2]));
+        leaves.back().spoil = [&text, wrong] { text = wrong; };
+        leaves.back().refusal = std::string(row.refusal) + " \"" + wrong + "\" is invalid";
+    }
+
+    template <typename T>
+    void addParameter(typename Parameter<T>::Builder& parameter, T value) {
+        const int bound = 5000 + nextNumber();
+        const auto mend = [&parameter, value] {
+            const T one = 1;
+            parameter = {value, 0, 4000, one, {{"high", value}, {"Low", one}}, 0.01, "m"};
+        };
+        const auto spoil = [&parameter, bound] {
+            parameter.presets.clear();
+            parameter.minimum = parameter.maximum = parameter.defaultValue = static_cast<T>(bound);
+        };
+        const std::string range = std::to_string(bound) + "/" + std::to_string(bound);
+        add({mend, [&parameter] { parameter.presets["other"] = parameter.value; }, spoil,
+             "Profile Parameter: value (" + Utils::ConvertToGenericString::convertToGenericString(value) +
+                 ") must be within min/max (" + range + ")"});
+    }
+
+    void visit(Parameter<double>::Builder& parameter, std::size_t /*item*/) {
+        addParameter<double>(parameter, nextNumber() / 1000.0);
+    }
+    void visit(Parameter<unsigned int>::Builder& parameter, std::size_t /*item*/) {
+        addParameter<unsigned int>(parameter, static_cast<unsigned int>(nextNumber()));
+    }
+    void visit(Parameter<int>::Builder& parameter, std::size_t /*item*/) {
+        addParameter<int>(parameter, nextNumber());
+    }
+
+    void visit(FieldOfViewRange::Builder& range, std::size_t /*item*/) {
+        const int bound = nextNumber();
+        add({[&range, bound] {
+                 range = {-1.0 * bound, 1.0 * bound, "deg"};
+             },
+             [&range] { range.minimum -= 0.5; }, [&range, bound] { range.minimum = 5000 + bound; },
+             "Profile FieldOfViewRange: minimum (" + std::to_string(5000 + bound) +
+                 ") must be smaller or equal to maximum (" + std::to_string(bound) + ")"});
+    }
+
+    void visit(std::string& text, std::size_t /*item*/) {
+        const std::string value = "text " + std::to_string(nextNumber());
+        add(text, value, value + " ");
+    }
+    void visit(std::vector<std::string>& texts, std::size_t /*item*/) {
+        using Texts = std::vector<std::string>;
+        const std::string text = "text " + std::to_string(nextNumber());
+        add(texts, Texts{text, "a"}, Texts{"a", text});
+    }
+    void visit(unsigned int& number, std::size_t /*item*/) {
+        add(number, static_cast<unsigned int>(nextNumber()), 0U);
+    }
+    void visit(DateTime::DateTime& time, std::size_t /*item*/) {
+        const std::chrono::sys_days day{std::chrono::days{nextNumber()}};
+        add(time, DateTime::DateTime(day), DateTime::DateTime());
+    }
+    void visit(bool& flag, std::size_t item) { add(flag, item == 0, item != 0); }
+
+    template <typename Builder>
+    void visit(std::optional<Builder>& optional, std::size_t item) {
+        visit(optional.emplace(), item);
+        const auto kept = std::make_shared<std::optional<Builder>>();
+        const auto exchange = [&optional, kept] { kept->swap(optional); };
+        leaves.push_back({exchange, exchange, {}, {}});
+    }
+
+    template <typename Builder>
+    void visit(std::vector<Builder>& items, std::size_t /*item*/) {
+        items.resize(2);
+        const std::size_t first = leaves.size();
+        visit(items[0], 0);
+        visit(items[1], 1);
+        if constexpr (is<Builder,
+                         FieldOfView::Builder>) // which of them is the default, not one alone can change
+            for (auto leaf = leaves.begin() + static_cast<std::ptrdiff_t>(first); leaf != leaves.end();
+                 ++leaf)
+                if (!leaf->spoil)
+                    leaf->change = nullptr;
+        const auto exchange = [&items] { std::swap(items[0], items[1]); };
+        leaves.push_back({exchange, exchange, {}, {}});
+    }
+};
+
+/// A profile with all that a profile can hold.
+inline Profile::Builder makeFullProfile() {
+    Profile::Builder builder;
+    Sample sample(builder);
+    return builder;
+}
+
+/// The smallest profile: no lidar, no cameras, no external IMU.
+inline Profile::Builder makeProfile(unsigned int id, const std::string& name) {
+    Profile::Builder builder;
+    builder.id = id;
+    builder.name = name;
+    builder.product = "Tessaly Alpha";
+    builder.trajectory.stabilizedMount = "none";
+    builder.trajectory.imuOnboard.gnssStandardDeviation = "SD1m";
+    return builder;
+}
+
+/// A list of such profiles with the ids and names given.
+inline ProfileList makeList(const std::vector<std::pair<unsigned int, std::string>>& profiles) {
+    ProfileList list;
+    for (const auto& [id, name] : profiles) {
+        Profile profile = makeProfile(id, name).build();
+        list.add(profile);
+    }
+    return list;
+}
+
+/// The ids and names of a list in its order.
+inline std::vector<std::pair<unsigned int, std::string>> idsAndNames(const ProfileList& list) {
+    std::vector<std::pair<unsigned int, std::string>> result;
+    for (const Profile& profile : list.list())
+        result.emplace_back(profile.getId(), profile.getName());
+    return result;
+}
+
+} // namespace norel::Desktop::Domain::Payloads::Test
