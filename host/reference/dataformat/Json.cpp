@@ -12,9 +12,36 @@ namespace norel::Desktop::DataFormat {
 
 using nlohmann::ordered_json;
 
+namespace {
+
+/// Destroys what a value holds, where its own destructor would gather all of it on a heap of its own first.
+/// Values deeper than any text may be are left to that destructor.
+void release(ordered_json& value, std::size_t depth = Json::MAXIMUM_DEPTH) {
+    if (depth == 0)
+        return;
+    if (value.is_object()) {
+        auto& members = value.get_ref<ordered_json::object_t&>();
+        for (auto& member : members)
+            release(member.second, depth - 1);
+        members.clear();
+    } else if (value.is_array()) {
+        auto& elements = value.get_ref<ordered_json::array_t&>();
+        for (ordered_json& element : elements)
+            release(element, depth - 1);
+        elements.clear();
+    }
+}
+
+} // namespace
+
 struct Json::Tree {
+    Tree(ordered_json&& root, bool isViewed) : root(std::move(root)), isViewed(isViewed) {}
+    Tree(const Tree&) = delete;
+    Tree& operator=(const Tree&) = delete;
+    ~Tree() { release(root); }
+
     ordered_json root;
-    bool isViewed = false;
+    bool isViewed;
 };
 
 namespace {
@@ -186,7 +213,7 @@ struct Json::Internals {
             if (json.tree->isViewed) // by views that are gone
                 json.tree->isViewed = false;
         } else {
-            json.tree = std::make_shared<Tree>(Tree{std::move(own(json))});
+            json.tree = std::make_shared<Tree>(std::move(own(json)), false);
             json.place = &json.tree->root;
         }
         return json.tree;
@@ -195,7 +222,7 @@ struct Json::Internals {
     /// Puts a value into a tree that it shares with its views alone.
     static const std::shared_ptr<Tree>& view(Json& json) {
         if (!json.viewPath && !(json.tree && json.tree->isViewed)) {
-            json.tree = std::make_shared<Tree>(Tree{take(json), true});
+            json.tree = std::make_shared<Tree>(take(json), true);
             json.place = &json.tree->root;
         }
         return json.tree;
@@ -204,7 +231,10 @@ struct Json::Internals {
 
 Json::Json() noexcept { new (own) ordered_json(); }
 
-Json::~Json() { Internals::own(*this).~basic_json(); }
+Json::~Json() {
+    release(Internals::own(*this));
+    Internals::own(*this).~basic_json();
+}
 
 Json::Json(int number) { new (own) ordered_json(number); }
 
@@ -299,6 +329,13 @@ void Json::set(const std::string& key, Json&& value) {
         setMember(Internals::write(*this), key, std::move(Internals::own(value)));
     else
         setMember(Internals::write(*this), key, ordered_json(Internals::read(value)));
+}
+
+void Json::reserve(std::size_t members) {
+    if (tree || !isNull())
+        return;
+    Internals::own(*this) = ordered_json::object();
+    Internals::own(*this).get_ref<ordered_json::object_t&>().reserve(members);
 }
 
 std::string Json::get(const std::string& key) const {

@@ -60,8 +60,10 @@ class DocumentWriter {
 public:
     using Options = JsonProfileListSerializer::Options;
 
-    DocumentWriter(const JsonProfileListSerializer& serializer, Options received)
-        : received(received), serializer(serializer) {}
+    DocumentWriter(const JsonProfileListSerializer& serializer, Options received, std::size_t members)
+        : received(received), serializer(serializer) {
+        reserve(object, members);
+    }
 
     template <typename Field>
     void write(const std::string& key, const Field& field, Options options) {
@@ -73,6 +75,13 @@ public:
     const Options received;
 
 private:
+    /// The host's contract does not ask for it.
+    template <typename AnyJson>
+    static void reserve(AnyJson& object, std::size_t members) {
+        if constexpr (requires { object.reserve(members); })
+            object.reserve(members);
+    }
+
     const JsonProfileListSerializer& serializer;
     DataFormat::Json object;
 };
@@ -87,6 +96,7 @@ struct Required {
     Member member;
     JsonProfileListSerializer::Options options{};
 
+    bool isWritten(const auto& /*fields*/, auto /*received*/) const { return true; }
     void write(DocumentWriter& writer, const auto& fields) const {
         writer.write(key, fields.*field, options);
     }
@@ -102,6 +112,7 @@ struct PassingOptions {
     Field field;
     Member member;
 
+    bool isWritten(const auto& /*fields*/, auto /*received*/) const { return true; }
     void write(DocumentWriter& writer, const auto& fields) const {
         writer.write(key, fields.*field, writer.received);
     }
@@ -117,10 +128,8 @@ struct Optional {
     Field field;
     Member member;
 
-    void write(DocumentWriter& writer, const auto& fields) const {
-        if (fields.*field)
-            writer.write(key, *(fields.*field), {});
-    }
+    bool isWritten(const auto& fields, auto /*received*/) const { return (fields.*field).has_value(); }
+    void write(DocumentWriter& writer, const auto& fields) const { writer.write(key, *(fields.*field), {}); }
     void read(const DocumentReader& reader, auto& builder) const {
         (builder.*member).reset();
         if (reader.isOptionalSet(key))
@@ -136,6 +145,7 @@ struct WrittenAlways {
     Field field;
     Member member;
 
+    bool isWritten(const auto& /*fields*/, auto /*received*/) const { return true; }
     void write(DocumentWriter& writer, const auto& fields) const { writer.write(key, fields.*field, {}); }
     void read(const DocumentReader& reader, auto& builder) const {
         if (reader.isOptionalSet(key))
@@ -151,10 +161,8 @@ struct RequiredUnless {
     Field field;
     Member member;
 
-    void write(DocumentWriter& writer, const auto& fields) const {
-        if (!writer.received.hasAny(unless))
-            writer.write(key, fields.*field, {});
-    }
+    bool isWritten(const auto& /*fields*/, auto received) const { return !received.hasAny(unless); }
+    void write(DocumentWriter& writer, const auto& fields) const { writer.write(key, fields.*field, {}); }
     void read(const DocumentReader& reader, auto& builder) const {
         if (!reader.received.hasAny(unless))
             reader.read(key, builder.*member, {});
@@ -170,10 +178,10 @@ struct DefaultedUnless {
     Member member;
     Default defaultValue;
 
-    void write(DocumentWriter& writer, const auto& fields) const {
-        if (!writer.received.hasAny(unless) && fields.*field != defaultValue)
-            writer.write(key, fields.*field, {});
+    bool isWritten(const auto& fields, auto received) const {
+        return !received.hasAny(unless) && fields.*field != defaultValue;
     }
+    void write(DocumentWriter& writer, const auto& fields) const { writer.write(key, fields.*field, {}); }
     void read(const DocumentReader& reader, auto& builder) const {
         if (reader.received.hasAny(unless))
             return;

@@ -14,10 +14,15 @@ using Serializer = JsonProfileListSerializer;
 
 template <typename Value>
 Json writeObject(const Serializer& serializer, const Value& value, Options options) {
-    DocumentWriter writer(serializer, options);
-    const auto writeRow = [&](const auto& row) { row.write(writer, ValueAccess::fieldsOf(value)); };
-    std::apply([&](const auto&... rows) { (writeRow(rows), ...); }, DocumentTable<Value>::rows());
-    return writer.takeObject();
+    const auto& fields = ValueAccess::fieldsOf(value);
+    const auto isWritten = [&](const auto& row) { return row.isWritten(fields, options); };
+    return std::apply(
+        [&](const auto&... rows) {
+            DocumentWriter writer(serializer, options, (std::size_t(isWritten(rows)) + ...));
+            ((isWritten(rows) ? rows.write(writer, fields) : void()), ...);
+            return writer.takeObject();
+        },
+        DocumentTable<Value>::rows());
 }
 
 template <typename Value>

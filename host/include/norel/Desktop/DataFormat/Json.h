@@ -100,6 +100,9 @@ public:
     void set(const std::string& key, const Json& value);
     void set(const std::string& key, Json&& value);
 
+    /// Makes a null an object with room for that many members. Does nothing to any other value.
+    void reserve(std::size_t members);
+
     /// The string held by member `key`. Throws JsonError when there is none, IncompatibleTypeError when it is
     /// no string.
     std::string get(const std::string& key) const;
