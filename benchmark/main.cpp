@@ -224,8 +224,8 @@ int checkAllocations() {
         std::size_t limit;
     };
     int result = 0;
-    for (const Limit& row : {Limit{"deserialize", heapUseOfReading(FACTORY_PROFILES).allocations, 8000},
-                             Limit{"serialize", heapUseOfWriting(FACTORY_PROFILES).allocations, 6500}}) {
+    for (const Limit& row : {Limit{"deserialize", heapUseOfReading(FACTORY_PROFILES).allocations, 7264},
+                             Limit{"serialize", heapUseOfWriting(FACTORY_PROFILES).allocations, 5566}}) {
         std::printf("%s: %zu allocations, at most %zu\n", row.operation, row.allocations, row.limit);
         if (row.allocations > row.limit)
             result = 1;

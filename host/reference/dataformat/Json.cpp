@@ -1,6 +1,6 @@
 #include "norel/Desktop/DataFormat/Json.h"
 
-#include "ErrorText.h"
+#include "JsonErrors.h"
 #include "ParseJson.h"
 
 #include <algorithm>
@@ -78,8 +78,10 @@ void growMembers(ordered_json::object_t& members) {
     constexpr std::size_t minimumCapacity = 8;
     ordered_json::object_t grown;
     grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
-    for (auto& [key, value] : members)
-        appendMember(grown, key, std::move(value));
+    for (const auto& member : members)
+        appendMember(grown, member.first, nullptr);
+    for (std::size_t i = 0; i < members.size(); ++i) // which cannot fail
+        grown.begin()[i].second = std::move(members.begin()[i].second);
     members.swap(grown);
 }
 
@@ -129,15 +131,22 @@ std::map<std::string, Number> convertToMap(const ordered_json& value) {
     return map;
 }
 
-void checkNumbersAreFinite(const ordered_json& value) {
+/// Throws for what fromString would not read back.
+void checkIsReadable(const ordered_json& value, std::size_t depth = 0) {
     if (value.is_number_float() && !std::isfinite(value.get_ref<const double&>()))
         throw Json::JsonError("JSON cannot hold a number that is not finite");
+    if (value.is_structured() && depth == Json::MAXIMUM_DEPTH)
+        throw tooDeep();
     if (value.is_array())
         for (const ordered_json& element : value.get_ref<const ordered_json::array_t&>())
-            checkNumbersAreFinite(element);
-    if (value.is_object())
-        for (const auto& member : value.get_ref<const ordered_json::object_t&>())
-            checkNumbersAreFinite(member.second);
+            checkIsReadable(element, depth + 1);
+    if (value.is_object()) {
+        const auto& members = value.get_ref<const ordered_json::object_t&>();
+        if (members.size() > Json::MAXIMUM_MEMBERS)
+            throw tooManyMembers();
+        for (const auto& member : members)
+            checkIsReadable(member.second, depth + 1);
+    }
 }
 
 } // namespace
@@ -222,7 +231,9 @@ struct Json::Internals {
     /// Puts a value into a tree that it shares with its views alone.
     static const std::shared_ptr<Tree>& view(Json& json) {
         if (!json.viewPath && !(json.tree && json.tree->isViewed)) {
-            json.tree = std::make_shared<Tree>(take(json), true);
+            const auto viewed = std::make_shared<Tree>(nullptr, true);
+            viewed->root = take(json);
+            json.tree = viewed;
             json.place = &json.tree->root;
         }
         return json.tree;
@@ -299,7 +310,7 @@ Json Json::fromString(const std::string& text) { return Internals::make(parseJso
 
 std::string Json::toString(int indent) const {
     const ordered_json& value = Internals::read(*this);
-    checkNumbersAreFinite(value);
+    checkIsReadable(value);
     return translated([&] { return value.dump(indent); });
 }
 
@@ -332,10 +343,11 @@ void Json::set(const std::string& key, Json&& value) {
 }
 
 void Json::reserve(std::size_t members) {
-    if (tree || !isNull())
+    if (!isNull())
         return;
-    Internals::own(*this) = ordered_json::object();
-    Internals::own(*this).get_ref<ordered_json::object_t&>().reserve(members);
+    ordered_json& value = Internals::write(*this);
+    value = ordered_json::object();
+    value.get_ref<ordered_json::object_t&>().reserve(members);
 }
 
 std::string Json::get(const std::string& key) const {

@@ -1,6 +1,6 @@
 #include "ParseJson.h"
 
-#include "ErrorText.h"
+#include "JsonErrors.h"
 #include "norel/Desktop/DataFormat/Json.h"
 
 #include <utility>
@@ -52,8 +52,7 @@ public:
                 static_cast<ordered_json::object_t::Container&>(members).emplace_back(
                     std::move(waiting[i].key), std::move(waiting[i].value));
             } else {
-                throw Json::JsonError("an object has more than " + std::to_string(Json::MAXIMUM_MEMBERS) +
-                                      " members");
+                throw tooManyMembers();
             }
         }
         waiting.resize(first);
@@ -96,8 +95,7 @@ private:
 
     bool open() {
         if (openContainers.size() == Json::MAXIMUM_DEPTH)
-            throw Json::JsonError("arrays and objects nest deeper than " +
-                                  std::to_string(Json::MAXIMUM_DEPTH) + " levels");
+            throw tooDeep();
         openContainers.push_back({waiting.size(), keyIsWaiting});
         keyIsWaiting = false;
         return true;

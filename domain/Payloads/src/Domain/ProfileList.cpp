@@ -26,8 +26,14 @@ ProfileList::~ProfileList() = default;
 void ProfileList::add(Profile& profile) {
     if (profile.getId() == Profile::ID_IS_UNASSIGNED || existById(profile.getId()))
         profile.setId(sortedIds.empty() ? 1 : sortedIds.back() + 1);
-    profiles.push_back(profile);
-    sortedIds.insert(std::upper_bound(sortedIds.begin(), sortedIds.end(), profile.getId()), profile.getId());
+    const auto place = std::upper_bound(sortedIds.begin(), sortedIds.end(), profile.getId());
+    const auto inserted = sortedIds.insert(place, profile.getId());
+    try {
+        profiles.push_back(profile);
+    } catch (...) { // short of memory: neither holds it
+        sortedIds.erase(inserted);
+        throw;
+    }
 }
 
 void ProfileList::update(const Profile& profile) {

@@ -22,6 +22,13 @@ struct DocumentTableOf {
     using Builder = typename Value::Builder;
 };
 
+/// The positions of the rows in the order in which a value is read.
+template <typename Value>
+struct ReadingOrder {
+    using Rows = std::remove_cvref_t<decltype(DocumentTable<Value>::rows())>;
+    using Positions = std::make_index_sequence<std::tuple_size_v<Rows>>;
+};
+
 inline constexpr unsigned int VALUE_ONLY = JsonProfileListSerializer::Options::VALUE_ONLY;
 inline constexpr unsigned int NO_UNIT = JsonProfileListSerializer::Options::NO_UNIT;
 inline constexpr unsigned int NO_CONSTRAINTS = JsonProfileListSerializer::Options::NO_CONSTRAINTS;

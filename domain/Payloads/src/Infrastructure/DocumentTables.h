@@ -27,6 +27,12 @@ struct DocumentTable<Parameter<T>> : DocumentTableOf<Parameter<T>> {
     }
 };
 
+/// A Parameter's value is read first and its unit last.
+template <typename T>
+struct ReadingOrder<Parameter<T>> {
+    using Positions = std::index_sequence<5, 0, 1, 2, 3, 4, 6>;
+};
+
 template <>
 struct DocumentTable<Profile> : DocumentTableOf<Profile> {
     static const auto& rows() {
@@ -199,19 +205,6 @@ struct DocumentTable<MountingAngles3> : DocumentTableOf<MountingAngles3> {
                                       Required{"z", &Fields::z, &Builder::z, NO_CONSTRAINTS}};
         return table;
     }
-};
-
-/// The positions of the rows in the order in which a value is read.
-template <typename Value>
-struct ReadingOrder {
-    using Rows = std::remove_cvref_t<decltype(DocumentTable<Value>::rows())>;
-    using Positions = std::make_index_sequence<std::tuple_size_v<Rows>>;
-};
-
-/// A Parameter's value is read first and its unit last.
-template <typename T>
-struct ReadingOrder<Parameter<T>> {
-    using Positions = std::index_sequence<5, 0, 1, 2, 3, 4, 6>;
 };
 
 } // namespace norel::Desktop::Domain::Payloads

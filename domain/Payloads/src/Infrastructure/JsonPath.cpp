@@ -48,12 +48,9 @@ const std::vector<std::string>& JsonPath::getPath() const {
 
 std::string JsonPath::getPathString() const {
     std::string text;
-    for (const std::string& step : getPath()) {
-        if (!text.empty())
-            text += '.';
-        text += step;
-    }
-    return text;
+    for (const std::string& step : getPath())
+        text.append(step).append(".");
+    return text.substr(0, text.size() - (text.empty() ? 0 : 1)); // no "." after the last
 }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -66,7 +66,7 @@ void readArray(const Serializer& serializer, const JsonPath& path, std::vector<I
 
 /// A growing list would hold its profiles twice. The bound keeps a short text from claiming much.
 void reserveProfiles(ProfileList& list, const Json& array) {
-    constexpr std::size_t maximum = 10000;
+    constexpr std::size_t maximum = 2000;
     std::size_t count = 0;
     const auto end = array.end();
     for (auto element = array.begin(); count < maximum && element != end; ++element)

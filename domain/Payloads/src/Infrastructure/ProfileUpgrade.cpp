@@ -30,11 +30,11 @@ Json findFactoryProfile(const Json& defaults, const std::string& product) {
 /// Copies the section, from its key at `step` on, out of the factory's part of the profile into the stored
 /// one.
 void copySection(const Section& section, std::size_t step, const Json& factory, Json& stored) {
+    if (step > 0 && stored.isNull()) // which setting a member would make an object of this section alone
+        throw std::invalid_argument("A profile cannot be upgraded because its \"" + section[step - 1] +
+                                    "\" is null.");
     const Json value = factory.getValue(section[step]);
     if (step + 1 == section.size()) {
-        if (stored.isNull()) // which setting a member would make an object of this section alone
-            throw std::invalid_argument("A profile cannot be upgraded because its \"" + section[step - 1] +
-                                        "\" is null.");
         stored.set(section[step], value);
     } else {
         Json inside = stored.getValue(section[step]); // a view: what is set in it is set in the profile

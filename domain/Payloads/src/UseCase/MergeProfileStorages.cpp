@@ -2,6 +2,9 @@
 
 #include "CheckNotNull.h"
 
+#include <string>
+#include <unordered_set>
+
 namespace norel::Desktop::Domain::Payloads::UseCase {
 
 MergeProfileStorages::MergeProfileStorages(const std::shared_ptr<ProfileListStorage>& sourceStorage,
@@ -14,8 +17,11 @@ MergeProfileStorages::MergeProfileStorages(const std::shared_ptr<ProfileListStor
 void MergeProfileStorages::execute() {
     const ProfileList source = sourceStorage->read();
     ProfileList destination = destinationStorage->read();
+    std::unordered_set<std::string> names;
+    for (const Profile& profile : destination)
+        names.insert(profile.getName());
     for (Profile profile : source)
-        if (!destination.existByName(profile.getName()))
+        if (names.insert(profile.getName()).second)
             destination.add(profile);
     destinationStorage->write(destination);
 }

@@ -48,8 +48,7 @@ public:
         ~IncompatibleTypeError() override;
     };
 
-    /// The deepest nesting of arrays and objects, and the most members of one object, that fromString
-    /// accepts.
+    /// The deepest nesting of arrays and objects, and the most members of one object, that a text may have.
     static constexpr std::size_t MAXIMUM_DEPTH = 100;
     static constexpr std::size_t MAXIMUM_MEMBERS = 1000;
 
@@ -82,7 +81,8 @@ public:
     static Json fromString(const std::string& text);
 
     /// The JSON text, one element or member a line with `indent` blanks a level; on one line when negative.
-    /// Throws JsonError for a number that JSON cannot hold and for a text that is not UTF-8.
+    /// Throws JsonError for what fromString would not read back: a number that JSON cannot hold, a text that
+    /// is not UTF-8, or a value beyond MAXIMUM_DEPTH or MAXIMUM_MEMBERS.
     std::string toString(int indent) const;
 
     /// Whether this is an object with a member of that name.

@@ -5,7 +5,8 @@
 
 namespace norel::Desktop::DateTime {
 
-/// Where the library takes the current time from; implemented by the application.
+/// Where the library takes the current time from; implemented by the application. The library asks it from
+/// the thread that calls the library.
 class NOREL_DATETIME_EXPORT ClockProvider {
 public:
     virtual ~ClockProvider();

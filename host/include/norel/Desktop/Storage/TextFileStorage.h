@@ -7,8 +7,9 @@
 
 namespace norel::Desktop::Storage {
 
-/// Whole text files; implemented by the application. Failures of every operation are exceptions derived
-/// from std::runtime_error.
+/// Whole text files; implemented by the application. Failures are exceptions, those of `read` and `write`
+/// derived from std::exception and those of `remove` from std::runtime_error: only these become storage
+/// errors, others pass through the library. The library calls a store from the thread that calls the library.
 class NOREL_STORAGE_EXPORT TextFileStorage {
 public:
     virtual ~TextFileStorage();

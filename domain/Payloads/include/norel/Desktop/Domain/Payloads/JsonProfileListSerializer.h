@@ -165,7 +165,8 @@ public:
     virtual void fromJson(const JsonPath& path, double& target, Options options) const;
 };
 
-/// A place in a document that is being read: a JSON value and the steps that lead to it from the root.
+/// A place in a document that is being read: a JSON value and the steps that lead to it from the root. As a
+/// Json, one path serves one thread at a time, even for reading.
 class NOREL_PAYLOADS_EXPORT JsonProfileListSerializer::JsonPath {
 public:
     /// The root, with no steps.

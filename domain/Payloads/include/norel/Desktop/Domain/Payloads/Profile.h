@@ -15,7 +15,8 @@ namespace norel::Desktop::Domain::Payloads {
 
 /// A payload profile: the identity of one product configuration and its sensor setup.
 ///
-/// Immutable once built, but for the id and the two times, which lists and use cases set.
+/// Immutable once built, but for the id and the two times, which lists and use cases set: several threads may
+/// read one profile at once while none sets them.
 class NOREL_PAYLOADS_EXPORT Profile {
 public:
     struct Builder;

@@ -24,6 +24,7 @@ public:
     ProfileListSerializer& operator=(const ProfileListSerializer&) = default;
     virtual ~ProfileListSerializer();
 
+    /// Throws what the host throws for a value that its format cannot hold, such as text that is not UTF-8.
     virtual std::string serialize(const ProfileList& list) const = 0;
 
     /// Throws ParsingError for what is no document, and the exceptions of the Builders for a profile that

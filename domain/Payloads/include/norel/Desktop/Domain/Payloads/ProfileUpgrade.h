@@ -24,7 +24,8 @@ public:
     /// Replaces, in every profile of the file that has a lidar, the sections that `version` (2 to 5) brought
     /// by those of its product in `defaultsDocument`, which is
     /// DefaultProducts::getSourceDocumentFromVersionInfo(version). The product is matched without regard to
-    /// the case of ASCII letters. Any other version changes no value.
+    /// the case of ASCII letters. Any other version changes no value,
+    /// but rewrites the file in the layout of the library.
     ///
     /// The file is written once, at the end; every failure leaves it as it was. Throws std::invalid_argument
     /// for a product that the defaults lack and for a null where a section belongs, the host's JsonError for

@@ -1,8 +1,19 @@
 #pragma once
 
+#include "norel/Desktop/DataFormat/Json.h"
+
 #include <string>
 
 namespace norel::Desktop::DataFormat {
+
+inline Json::JsonError tooDeep() {
+    return Json::JsonError("arrays and objects nest deeper than " + std::to_string(Json::MAXIMUM_DEPTH) +
+                           " levels");
+}
+
+inline Json::JsonError tooManyMembers() {
+    return Json::JsonError("an object has more than " + std::to_string(Json::MAXIMUM_MEMBERS) + " members");
+}
 
 /// The JSON library's error text, cut when a hostile document made it long.
 inline std::string boundedErrorText(std::string text) {
