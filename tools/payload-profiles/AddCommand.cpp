@@ -62,7 +62,13 @@ Profile readProfile(const Context& context, const AddArguments& arguments) {
 void add(Context& context, const AddArguments& arguments) {
     Profile profile = readProfile(context, arguments);
     const FileToChange file(context, arguments.file);
-    const bool exists = readProfiles(arguments.file, file.getStorage()).existById(profile.getId());
+    const ProfileList list = readProfiles(arguments.file, file.getStorage());
+    const bool exists = list.existById(profile.getId());
+    if (exists && profile.getId() == Profile::ID_IS_UNASSIGNED) // which the list gives after 4294967294
+        throw Failure(arguments.file, "nothing is added: the profile " +
+                                          describe(*list.get(profile.getId())) +
+                                          " has the id that asks for a new one; give that profile another "
+                                          "id, or delete it");
     about(arguments.file,
           [&] { UseCase::AddOrUpdateProfile(file.getStorage(), context.clock).execute(profile); });
     context.console.print((exists ? "updated " : "added ") + describe(profile) + '\n');

@@ -1,5 +1,7 @@
 #include "Commands.h"
+#include "Source.h"
 #include "Terminal.h"
+#include "Text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -40,6 +42,15 @@ void describe(CLI::App& application) {
     application.require_subcommand(1);
 }
 
+/// What is wrong with the command line; the parser itself takes an unknown command for none.
+std::string reasonOf(const CLI::App& application, const CLI::ParseError& error) {
+    const std::vector<std::string> rest = application.remaining();
+    if (!application.get_subcommands().empty() || rest.empty() || rest.front().starts_with('-'))
+        return error.what();
+    const Source word{rest.front(), {}}; // the command may be what was forgotten
+    return "there is no command " + inQuotes(word.getName());
+}
+
 /// Help and version for the asking, or what is wrong with the command line.
 int answer(const CLI::App& application, const CLI::ParseError& error, Console& console) {
     if (error.get_exit_code() == 0) {
@@ -51,7 +62,7 @@ int answer(const CLI::App& application, const CLI::ParseError& error, Console& c
     std::string command = "payload-profiles";
     for (const CLI::App* chosen : application.get_subcommands())
         command += ' ' + chosen->get_name();
-    console.showMessage("", error.what());
+    console.showMessage("", reasonOf(application, error));
     console.showMessage("", "\"" + command + " --help\" tells how it is used");
     return static_cast<int>(ExitCode::Trouble);
 }

@@ -26,10 +26,11 @@ struct Context {
     std::shared_ptr<DateTime::ClockProvider> clock = std::make_shared<DateTime::SystemClockProvider>();
 };
 
-/// A command cannot do what it was asked for; `subject` is the file or address that is to blame.
+/// A command cannot do what it was asked for; `subject` is the file or address that is to blame, in quotes
+/// when its name is empty.
 struct Failure : std::runtime_error {
     Failure(const std::string& subject, const std::string& message)
-        : std::runtime_error(message), subject(subject) {}
+        : std::runtime_error(message), subject(subject.empty() ? "\"\"" : subject) {}
 
     std::string subject;
 };

@@ -23,6 +23,9 @@ std::string makeLabel(const Json& profile, unsigned int index) {
     }
 }
 
+/// Told by the text, since a Json does not tell its kind.
+bool isObject(const Json& value) { return value.toString(-1).starts_with('{'); }
+
 /// The version whose sections a profile has. Throws VersionUnclear when it lacks one that a later one it has
 /// builds on.
 unsigned int findVersion(const StoredProfile& profile) {
@@ -70,8 +73,11 @@ StoredLidars::StoredLidars(const std::string& text) {
     unsigned int index = 0;
     for (auto element = document.begin(); element != document.end(); ++element, ++index) {
         const Json profile = *element;
-        if (profile.contains(LIDAR))
-            (hasSection(profile, {LIDAR}) ? profiles : nulls).push_back({makeLabel(profile, index), profile});
+        if (!profile.contains(LIDAR))
+            continue;
+        const Json lidar = profile.getValue(LIDAR);
+        auto& kind = lidar.isNull() ? nulls : isObject(lidar) ? profiles : others;
+        kind.push_back({makeLabel(profile, index), profile});
     }
 }
 

@@ -27,13 +27,14 @@ struct StoredProfile {
     DataFormat::Json value;
 };
 
-/// The profiles that have a lidar, and those where the lidar is null. An empty text is an empty list. Throws
-/// the host's JsonError for a text that is no JSON array.
+/// The profiles that have a lidar, those where the lidar is null, and those where it is another value than an
+/// object. An empty text is an empty list. Throws the host's JsonError for a text that is no JSON array.
 struct StoredLidars {
     explicit StoredLidars(const std::string& text);
 
     std::vector<StoredProfile> profiles;
     std::vector<StoredProfile> nulls;
+    std::vector<StoredProfile> others;
 };
 
 /// The labels of profiles, with commas between them.

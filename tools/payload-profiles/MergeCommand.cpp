@@ -60,8 +60,9 @@ ProfileList readIfThere(const Context& context, const std::string& file) {
 }
 
 void merge(Context& context, const MergeArguments& arguments) {
-    if (Source{arguments.file, {}}.isBuiltInOrAddress()) // the arguments the other way round
-        throw Failure(arguments.file, "this is a source that cannot be changed");
+    const Source target{arguments.file, {}};
+    if (target.isBuiltInOrAddress()) // the arguments the other way round
+        throw Failure(target.getName(), "this is a source that cannot be changed");
     const ProfileList profiles = readSource(context, arguments.source); // once: it may be far away
     const auto source = std::make_shared<DraftStorage>(profiles);
     if (arguments.dryRun) {

@@ -1,5 +1,6 @@
 #include "ProfileFile.h"
 
+#include "Source.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListFileStorage.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/GetProfileListFromStorage.h"
 
@@ -21,7 +22,7 @@ std::shared_ptr<ProfileListStorage> openStorage(const Context& context, const st
 void requireFile(const std::string& file) {
     std::error_code error;
     if (!fs::exists(file, error))
-        throw Failure(file, error ? error.message() : "there is no such file");
+        throw Failure(Source{file, {}}.getName(), error ? error.message() : "there is no such file");
 }
 
 std::shared_ptr<ProfileListStorage> openFile(const Context& context, const std::string& file) {

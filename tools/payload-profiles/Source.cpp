@@ -36,11 +36,12 @@ public:
     }
 
     void update(std::uint64_t receivedBytes) {
-        if (Clock::now() - start < std::chrono::seconds(1) || !Terminal::showsMessages())
+        const auto width = Terminal::getMessageWidth();
+        if (!width || Clock::now() - start < std::chrono::seconds(1))
             return;
         isShown = true;
-        Terminal::writeMessage("\r\x1b[Kreading " + name + ": " + std::to_string(receivedBytes / 1024) +
-                               " KiB");
+        const std::string line = "read " + std::to_string(receivedBytes / 1024) + " KiB from " + name;
+        Terminal::writeMessage("\r\x1b[K" + shortened(line, *width));
     }
 
 private:
@@ -66,6 +67,9 @@ std::string readKey(const Source& source) {
 std::shared_ptr<ProfileListStorage> openAddress(const Context& context, const Source& source) {
     if (source.location.find_first_of("?#") != std::string::npos)
         throw Failure(source.getName(), "a base address has no query and no fragment");
+    const std::size_t path = source.location.find('/', source.location.find("//") + 2);
+    if (path != std::string::npos && source.location.find('@', path) != std::string::npos)
+        throw Failure(source.getName(), "an @ in the path is written %40, a / in a password %2F");
     const std::string baseUrl = source.location + (source.location.back() == '/' ? "" : "/");
     const auto progress = std::make_shared<Progress>(source.getName());
     Networking::Http::CurlHttpClient::Options options;
@@ -92,13 +96,11 @@ bool Source::isAddress() const {
 bool Source::isBuiltInOrAddress() const { return location == FACTORY || isAddress(); }
 
 std::string Source::getName() const {
-    if (!isAddress())
+    const std::size_t at = location.rfind('@');
+    if (at == std::string::npos || location.find(':') > at || location.find('/') > at)
         return location;
-    const std::size_t host = location.find("//") + 2;
-    const std::size_t end = location.find_first_of("/?#", host);
-    const std::size_t at = location.substr(0, end).rfind('@');
-    return at == std::string::npos || at < host ? location
-                                                : location.substr(0, host) + location.substr(at + 1);
+    const std::size_t user = isAddress() ? location.find("//") + 2 : 0;
+    return location.substr(0, user) + location.substr(at + 1);
 }
 
 void addSource(CLI::App& command, Source& source) {

@@ -19,7 +19,8 @@ struct Source {
     bool isAddress() const;
     bool isBuiltInOrAddress() const;
 
-    /// The name for messages: the location without the user part of an address.
+    /// The name for messages: the location without what may be the user and password of an address, however
+    /// mistyped.
     std::string getName() const;
 };
 

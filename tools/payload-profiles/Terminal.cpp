@@ -19,6 +19,16 @@ std::string_view getVariable(const char* name) {
     return value == nullptr ? "" : value;
 }
 
+/// The columns of the terminal behind a stream; empty when it is none.
+std::optional<std::size_t> getWidth(int stream) {
+    if (::isatty(stream) == 0)
+        return std::nullopt;
+    constexpr std::size_t usualWidth = 80;
+    winsize size{};
+    const bool isKnown = ::ioctl(stream, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? size.ws_col : usualWidth;
+}
+
 } // namespace
 
 void prepareStandardStreams() {
@@ -31,20 +41,13 @@ void prepareStandardStreams() {
         }
 }
 
-std::optional<std::size_t> getOutputWidth() {
-    if (::isatty(STDOUT_FILENO) == 0)
-        return std::nullopt;
-    constexpr std::size_t usualWidth = 80;
-    winsize size{};
-    const bool isKnown = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isKnown ? size.ws_col : usualWidth;
-}
+std::optional<std::size_t> getOutputWidth() { return getWidth(STDOUT_FILENO); }
 
 bool takesColour() {
     return ::isatty(STDOUT_FILENO) != 0 && getVariable("NO_COLOR").empty() && getVariable("TERM") != "dumb";
 }
 
-bool showsMessages() { return ::isatty(STDERR_FILENO) != 0; }
+std::optional<std::size_t> getMessageWidth() { return getWidth(STDERR_FILENO); }
 
 void writeOutput(std::string_view text) {
     while (!text.empty()) {

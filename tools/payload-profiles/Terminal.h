@@ -18,8 +18,8 @@ std::optional<std::size_t> getOutputWidth();
 /// Whether the output goes to a terminal whose user has not refused colour (NO_COLOR, TERM=dumb).
 bool takesColour();
 
-/// Whether messages go to a terminal.
-bool showsMessages();
+/// The columns of the terminal that shows the messages; empty when they go elsewhere.
+std::optional<std::size_t> getMessageWidth();
 
 /// Writes all of the text to the standard output. Throws std::system_error.
 void writeOutput(std::string_view text);

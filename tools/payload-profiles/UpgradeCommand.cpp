@@ -129,11 +129,18 @@ void upgradeFrom(Context& context, const UpgradeArguments& arguments, unsigned i
                           (backup.empty() ? "" : "; the original is kept as " + printable(backup)) + '\n');
 }
 
+void refuseLidars(const std::string& kind, const std::vector<StoredProfile>& profiles) {
+    if (!profiles.empty())
+        throw std::runtime_error("the file is unchanged: a lidar that is " + kind +
+                                 " cannot be upgraded, take it out of " + joinLabels(profiles));
+}
+
 void upgrade(Context& context, const UpgradeArguments& arguments) {
     requireFile(arguments.file);
     about(arguments.file, [&] {
         const std::string text = context.textFiles->read(arguments.file);
         const StoredLidars lidars(text);
+        refuseLidars("no object", lidars.others);
         const auto from = arguments.from != 0 ? arguments.from : findVersion(lidars.profiles);
         const std::string file = printable(arguments.file);
         if (!from) {
@@ -152,10 +159,7 @@ void upgrade(Context& context, const UpgradeArguments& arguments) {
             context.console.print("nothing to do\n");
             return;
         }
-        if (!lidars.nulls.empty())
-            throw std::runtime_error(
-                "the file is unchanged: a lidar that is null cannot be upgraded, take it out of " +
-                joinLabels(lidars.nulls));
+        refuseLidars("null", lidars.nulls);
         upgradeFrom(context, arguments, *from, text);
     });
 }

@@ -47,25 +47,29 @@ private:
     template <typename Builder>
     void visit(Builder& builder, std::size_t item) {
         using Value = decltype(builder.build());
-        std::apply([&](const auto&... rows) { (visitRow(builder, rows, item), ...); }, rowsOf<Value>());
+        if constexpr (requires { builder.presets; })
+            visitParameter(builder);
+        else
+            std::apply([&](const auto&... rows) { (visitRow(builder, rows, item), ...); }, rowsOf<Value>());
     }
 
     template <typename Builder, typename Member, typename Getter>
     void visitRow(Builder& builder, const Row<Member, Getter>& row, std::size_t item) {
-        visit(builder.*row.member, item);
+        if (!row.refusal)
+            return visit(builder.*row.member, item);
+        if constexpr (is<Member, std::string Builder::*>) {
+            std::string& text = builder.*row.member;
+            const std::string wrong = "wrong " + std::to_string(nextNumber());
+            add(text, std::string(row.valid[item]), std::string(row.valid[2]));
+            leaves.back().spoil = [&text, wrong] { text = wrong; };
+            leaves.back().refusal = std::string(row.refusal) + " \"" + wrong + "\" is invalid";
+        }
     }
 
-    template <typename Builder, typename Member, typename Getter>
-    void visitRow(Builder& builder, const TextRow<Member, Getter>& row, std::size_t item) {
-        std::string& text = builder.*row.member;
-        const std::string wrong = "wrong " + std::to_string(nextNumber());
-        add(text, std::string(row.valid[item]), std::string(row.valid[2]));
-        leaves.back().spoil = [&text, wrong] { text = wrong; };
-        leaves.back().refusal = std::string(row.refusal) + " \"" + wrong + "\" is invalid";
-    }
-
-    template <typename T>
-    void addParameter(typename Parameter<T>::Builder& parameter, T value) {
+    template <typename Builder>
+    void visitParameter(Builder& parameter) {
+        using T = decltype(parameter.value);
+        const T value = static_cast<T>(nextNumber() / (is<T, double> ? 1000.0 : 1.0));
         const int bound = 5000 + nextNumber();
         const auto mend = [&parameter, value] {
             const T one = 1;
@@ -79,16 +83,6 @@ private:
         add({mend, [&parameter] { parameter.presets["other"] = parameter.value; }, spoil,
              "Profile Parameter: value (" + Utils::ConvertToGenericString::convertToGenericString(value) +
                  ") must be within min/max (" + range + ")"});
-    }
-
-    void visit(Parameter<double>::Builder& parameter, std::size_t /*item*/) {
-        addParameter<double>(parameter, nextNumber() / 1000.0);
-    }
-    void visit(Parameter<unsigned int>::Builder& parameter, std::size_t /*item*/) {
-        addParameter<unsigned int>(parameter, static_cast<unsigned int>(nextNumber()));
-    }
-    void visit(Parameter<int>::Builder& parameter, std::size_t /*item*/) {
-        addParameter<int>(parameter, nextNumber());
     }
 
     void visit(FieldOfViewRange::Builder& range, std::size_t /*item*/) {
@@ -133,22 +127,23 @@ private:
         const std::size_t first = leaves.size();
         visit(items[0], 0);
         visit(items[1], 1);
-        if constexpr (is<Builder,
-                         FieldOfView::Builder>) // which of them is the default, not one alone can change
-            for (auto leaf = leaves.begin() + static_cast<std::ptrdiff_t>(first); leaf != leaves.end();
-                 ++leaf)
-                if (!leaf->spoil)
-                    leaf->change = nullptr;
+        // Which field of view is the default, not one alone can change.
+        for (std::size_t i = first; is<Builder, FieldOfView::Builder> && i < leaves.size(); ++i)
+            if (!leaves[i].spoil)
+                leaves[i].change = nullptr;
         const auto exchange = [&items] { std::swap(items[0], items[1]); };
         leaves.push_back({exchange, exchange, {}, {}});
     }
 };
 
-/// A profile with all that a profile can hold.
-inline Profile::Builder makeFullProfile() {
+/// A list of one profile with all that a profile can hold.
+inline ProfileList makeFullList() {
     Profile::Builder builder;
-    Sample sample(builder);
-    return builder;
+    const Sample sample(builder);
+    Profile profile = builder.build();
+    ProfileList list;
+    list.add(profile);
+    return list;
 }
 
 /// The smallest profile: no lidar, no cameras, no external IMU.

@@ -9,24 +9,18 @@
 /// The members of each value type in the order in which they must be built, each with its getter.
 namespace norel::Desktop::Domain::Payloads::Test {
 
+using Texts = std::array<const char*, 3>;
+
+/// A text with a rule has texts that it takes, and the beginning of the message that refuses others.
 template <typename Member, typename Getter>
 struct Row {
     Member member;
     Getter getter;
+    Texts valid{};
+    const char* refusal = nullptr;
 };
 template <typename Member, typename Getter>
-Row(Member, Getter) -> Row<Member, Getter>;
-
-/// A text with a rule: texts that it takes, and the beginning of the message that refuses others.
-template <typename Member, typename Getter>
-struct TextRow {
-    Member member;
-    Getter getter;
-    std::array<const char*, 3> valid;
-    const char* refusal;
-};
-template <typename Member, typename Getter>
-TextRow(Member, Getter, std::array<const char*, 3>, const char*) -> TextRow<Member, Getter>;
+Row(Member, Getter, Texts = {}, const char* = nullptr) -> Row<Member, Getter>;
 
 template <typename V, typename Value>
 constexpr bool is = std::is_same_v<V, Value>;
@@ -36,7 +30,7 @@ template <typename V>
 constexpr auto processingRowsOf() {
     using B = typename V::Builder;
     if constexpr (is<V, StripAdjustment::Preprocessing>)
-        return std::tuple{
+        return std::tuple(
             Row{&B::referenceLineMinimumPoints, &V::getReferenceLineMinimumPoints},
             Row{&B::lineMinimumPoints, &V::getLineMinimumPoints},
             Row{&B::intersectionMaximumVerticalDistance, &V::getIntersectionMaximumVerticalDistance},
@@ -44,65 +38,64 @@ constexpr auto processingRowsOf() {
             Row{&B::intersectionDistance, &V::getIntersectionDistance},
             Row{&B::maximumRoughness, &V::getMaximumRoughness},
             Row{&B::minimumNeighborsToBeProcessed, &V::getMinimumNeighborsToBeProcessed},
-            Row{&B::neighborsSearchRadius, &V::getNeighborsSearchRadius}};
+            Row{&B::neighborsSearchRadius, &V::getNeighborsSearchRadius});
     else if constexpr (is<V, StripAdjustment::Sampling>)
-        return std::tuple{Row{&B::randomSamplingFactor, &V::getRandomSamplingFactor},
+        return std::tuple(Row{&B::randomSamplingFactor, &V::getRandomSamplingFactor},
                           Row{&B::normalSamplingSlopeInterval, &V::getNormalSamplingSlopeInterval},
                           Row{&B::uniformSamplingRadius, &V::getUniformSamplingRadius},
                           Row{&B::normalSampleSize, &V::getNormalSampleSize},
-                          Row{&B::readFractionDenominator, &V::getReadFractionDenominator}};
+                          Row{&B::readFractionDenominator, &V::getReadFractionDenominator});
     else if constexpr (is<V, StripAdjustment::Rejection>)
-        return std::tuple{Row{&B::zDistanceScore, &V::getZDistanceScore},
+        return std::tuple(Row{&B::zDistanceScore, &V::getZDistanceScore},
                           Row{&B::stdEstimationFactor, &V::getStdEstimationFactor},
-                          Row{&B::maximumAngle, &V::getMaximumAngle}};
+                          Row{&B::maximumAngle, &V::getMaximumAngle});
     else if constexpr (is<V, StripAdjustment::Minimization>)
-        return std::tuple{Row{&B::counterChi2LoopMaximum, &V::getCounterChi2LoopMaximum},
+        return std::tuple(Row{&B::counterChi2LoopMaximum, &V::getCounterChi2LoopMaximum},
                           Row{&B::maximumOuterLoopCount, &V::getMaximumOuterLoopCount},
                           Row{&B::maximumInnerLoopCount, &V::getMaximumInnerLoopCount},
                           Row{&B::lsProbability, &V::getLsProbability},
                           Row{&B::lsDistanceEpsilon, &V::getLsDistanceEpsilon},
-                          Row{&B::lsAngleEpsilon, &V::getLsAngleEpsilon}};
+                          Row{&B::lsAngleEpsilon, &V::getLsAngleEpsilon});
     else if constexpr (is<V, StripAdjustment::StripAdjustment>)
-        return std::tuple{Row{&B::minimization, &V::getMinimization},
+        return std::tuple(Row{&B::minimization, &V::getMinimization},
                           Row{&B::preprocessing, &V::getPreprocessing}, Row{&B::rejection, &V::getRejection},
                           Row{&B::sampling, &V::getSampling},
-                          Row{&B::temporalTimeFrame, &V::getTemporalTimeFrame}};
+                          Row{&B::temporalTimeFrame, &V::getTemporalTimeFrame});
     else if constexpr (is<V, GroundClassification::Segmentation>)
-        return std::tuple{Row{&B::maximumNormalDeviation, &V::getMaximumNormalDeviation},
+        return std::tuple(Row{&B::maximumNormalDeviation, &V::getMaximumNormalDeviation},
                           Row{&B::maximumOrthogonalDistance, &V::getMaximumOrthogonalDistance},
-                          Row{&B::minimumPointsPerRegion, &V::getMinimumPointsPerRegion}};
+                          Row{&B::minimumPointsPerRegion, &V::getMinimumPointsPerRegion});
     else if constexpr (is<V, GroundClassification::Densification>)
-        return std::tuple{Row{&B::maximumAngularDeviation, &V::getMaximumAngularDeviation},
-                          Row{&B::maximumOrthogonalDistance, &V::getMaximumOrthogonalDistance}};
+        return std::tuple(Row{&B::maximumAngularDeviation, &V::getMaximumAngularDeviation},
+                          Row{&B::maximumOrthogonalDistance, &V::getMaximumOrthogonalDistance});
     else if constexpr (is<V, GroundClassification::DigitalSurfaceModel>)
-        return std::tuple{Row{&B::gridSize, &V::getGridSize}, Row{&B::tilesSize, &V::getTilesSize},
-                          Row{&B::tilesOverlap, &V::getTilesOverlap}};
+        return std::tuple(Row{&B::gridSize, &V::getGridSize}, Row{&B::tilesSize, &V::getTilesSize},
+                          Row{&B::tilesOverlap, &V::getTilesOverlap});
     else if constexpr (is<V, GroundClassification::InteriorProcessing>)
-        return std::tuple{Row{&B::densification, &V::getDensification},
-                          Row{&B::segmentation, &V::getSegmentation}};
+        return std::tuple(Row{&B::densification, &V::getDensification},
+                          Row{&B::segmentation, &V::getSegmentation});
     else if constexpr (is<V, GroundClassification::HullProcessing>)
-        return std::tuple{Row{&B::convexBandWidth, &V::getConvexBandWidth},
-                          Row{&B::segmentation, &V::getSegmentation}};
+        return std::tuple(Row{&B::convexBandWidth, &V::getConvexBandWidth},
+                          Row{&B::segmentation, &V::getSegmentation});
     else if constexpr (is<V, GroundClassification::GroundClassification>)
-        return std::tuple{Row{&B::maximumBuildingSize, &V::getMaximumBuildingSize},
+        return std::tuple(Row{&B::maximumBuildingSize, &V::getMaximumBuildingSize},
                           Row{&B::maximumTerrainSlope, &V::getMaximumTerrainSlope},
                           Row{&B::numberOfNeighbors, &V::getNumberOfNeighbors},
                           Row{&B::interiorProcessing, &V::getInteriorProcessing},
                           Row{&B::hullProcessing, &V::getHullProcessing},
                           Row{&B::digitalSurfaceModel, &V::getDigitalSurfaceModel},
-                          Row{&B::terrainTypology, &V::getTerrainTypology}};
+                          Row{&B::terrainTypology, &V::getTerrainTypology});
     else if constexpr (is<V, PointCloudDirectColorization::Distortion>)
-        return std::tuple{Row{&B::radial1, &V::getRadial1}, Row{&B::radial2, &V::getRadial2},
+        return std::tuple(Row{&B::radial1, &V::getRadial1}, Row{&B::radial2, &V::getRadial2},
                           Row{&B::radial3, &V::getRadial3}, Row{&B::tangential1, &V::getTangential1},
-                          Row{&B::tangential2, &V::getTangential2}};
+                          Row{&B::tangential2, &V::getTangential2});
     else if constexpr (is<V, PointCloudDirectColorization::Images>)
-        return std::tuple{Row{&B::width, &V::getWidth}, Row{&B::height, &V::getHeight},
+        return std::tuple(Row{&B::width, &V::getWidth}, Row{&B::height, &V::getHeight},
                           Row{&B::focalLength, &V::getFocalLength},
                           Row{&B::principalPointX, &V::getPrincipalPointX},
-                          Row{&B::principalPointY, &V::getPrincipalPointY}};
+                          Row{&B::principalPointY, &V::getPrincipalPointY});
     else if constexpr (is<V, PointCloudDirectColorization::PointCloudDirectColorization>)
-        return std::tuple{Row{&B::images, &V::getImages},
-                          Row{&B::distortion, &V::getDistortion},
+        return std::tuple(Row{&B::images, &V::getImages}, Row{&B::distortion, &V::getDistortion},
                           Row{&B::numberOfImagesUsedPerPoint, &V::getNumberOfImagesUsedPerPoint},
                           Row{&B::verticalAngleThreshold, &V::getVerticalAngleThreshold},
                           Row{&B::occlusionNumberOfNeighbors, &V::getOcclusionNumberOfNeighbors},
@@ -114,98 +107,89 @@ constexpr auto processingRowsOf() {
                           Row{&B::imageResizingFactor, &V::getImageResizingFactor},
                           Row{&B::imageReadSamplingFactor, &V::getImageReadSamplingFactor},
                           Row{&B::flightHeight, &V::getFlightHeight},
-                          Row{&B::terrainTypology, &V::getTerrainTypology}};
+                          Row{&B::terrainTypology, &V::getTerrainTypology});
     else if constexpr (is<V, MorphologicalRejection>)
-        return std::tuple{Row{&B::copWeighting, &V::getCopWeighting},
+        return std::tuple(Row{&B::copWeighting, &V::getCopWeighting},
                           Row{&B::outlyingScoreThreshold, &V::getOutlyingScoreThreshold},
-                          Row{&B::averagePointCloudDensity, &V::getAveragePointCloudDensity}};
+                          Row{&B::averagePointCloudDensity, &V::getAveragePointCloudDensity});
     else if constexpr (is<V, PrecisionEnhancement>)
-        return std::tuple{Row{&B::morphologicalRejection, &V::getMorphologicalRejection},
+        return std::tuple(Row{&B::morphologicalRejection, &V::getMorphologicalRejection},
                           Row{&B::minimumNeighborsToBeIsolated, &V::getMinimumNeighborsToBeIsolated},
                           Row{&B::maximumNeighborsToConsider, &V::getMaximumNeighborsToConsider},
                           Row{&B::minimumNeighborsToBeProcessed, &V::getMinimumNeighborsToBeProcessed},
                           Row{&B::sharpener, &V::getSharpener},
                           Row{&B::suppressionThreshold, &V::getSuppressionThreshold},
-                          Row{&B::averagePointCloudThickness, &V::getAveragePointCloudThickness}};
+                          Row{&B::averagePointCloudThickness, &V::getAveragePointCloudThickness});
     else
-        return std::tuple{Row{&B::downsamplingRate, &V::getDownsamplingRate}};
+        return std::tuple(Row{&B::downsamplingRate, &V::getDownsamplingRate});
 }
 
 template <typename V>
 constexpr auto rowsOf() {
     using B = typename V::Builder;
-    if constexpr (is<V, Vector3>)
-        return std::tuple{Row{&B::z, &V::getZ}, Row{&B::y, &V::getY}, Row{&B::x, &V::getX}};
+    if constexpr (is<V, Vector3> || is<V, MountingAngles3>)
+        return std::tuple(Row{&B::z, &V::getZ}, Row{&B::y, &V::getY}, Row{&B::x, &V::getX});
     else if constexpr (is<V, Angles3>)
-        return std::tuple{Row{&B::yaw, &V::getYaw}, Row{&B::pitch, &V::getPitch}, Row{&B::roll, &V::getRoll}};
+        return std::tuple(Row{&B::yaw, &V::getYaw}, Row{&B::pitch, &V::getPitch}, Row{&B::roll, &V::getRoll});
     else if constexpr (is<V, CameraAngles3>)
-        return std::tuple{Row{&B::tz, &V::getTz}, Row{&B::ty, &V::getTy}, Row{&B::tx, &V::getTx}};
-    else if constexpr (is<V, MountingAngles3>)
-        return std::tuple{Row{&B::z, &V::getZ}, Row{&B::y, &V::getY}, Row{&B::x, &V::getX}};
+        return std::tuple(Row{&B::tz, &V::getTz}, Row{&B::ty, &V::getTy}, Row{&B::tx, &V::getTx});
     else if constexpr (is<V, FieldOfView>)
-        return std::tuple{Row{&B::filter, &V::getFilter}, Row{&B::view, &V::getView},
-                          Row{&B::isDefault, &V::getIsDefault}};
+        return std::tuple(Row{&B::filter, &V::getFilter}, Row{&B::view, &V::getView},
+                          Row{&B::isDefault, &V::getIsDefault});
     else if constexpr (is<V, FieldOfViews>)
-        return std::tuple{Row{&B::listOfFieldOfViews, &V::getListOfFieldOfViews}};
+        return std::tuple(Row{&B::listOfFieldOfViews, &V::getListOfFieldOfViews});
     else if constexpr (is<V, Camera>)
-        return std::tuple{
-            TextRow{&B::orientation, &V::getOrientation,
-                    std::array<const char*, 3>{"nadir", "a-left", "d-right"}, "Profile Camera: orientation"},
+        return std::tuple(
+            Row{&B::orientation, &V::getOrientation, Texts{"nadir", "a-left", "d-right"},
+                "Profile Camera: orientation"},
             Row{&B::eventTimeShift, &V::getEventTimeShift}, Row{&B::kappaCardinal, &V::getKappaCardinal},
-            Row{&B::boresightAngles, &V::getBoresightAngles}, Row{&B::leverArm, &V::getLeverArm}};
+            Row{&B::boresightAngles, &V::getBoresightAngles}, Row{&B::leverArm, &V::getLeverArm});
     else if constexpr (is<V, Cameras>)
-        return std::tuple{Row{&B::listOfCameras, &V::getListOfCameras}};
+        return std::tuple(Row{&B::listOfCameras, &V::getListOfCameras});
     else if constexpr (is<V, Imu>)
-        return std::tuple{TextRow{&B::gnssStandardDeviation, &V::getGnssStandardDeviation,
-                                  std::array<const char*, 3>{"SD10cm", "SD10cm", "SD10m"},
-                                  "Profile Imu: GNSS standard deviation"},
+        return std::tuple(Row{&B::gnssStandardDeviation, &V::getGnssStandardDeviation,
+                              Texts{"SD10cm", "SD10cm", "SD10m"}, "Profile Imu: GNSS standard deviation"},
                           Row{&B::mountingAnglesAircraft, &V::getMountingAnglesAircraft},
                           Row{&B::mountingAngles, &V::getMountingAngles},
                           Row{&B::leverArmAntenna, &V::getLeverArmAntenna},
-                          Row{&B::leverArm, &V::getLeverArm}};
+                          Row{&B::leverArm, &V::getLeverArm});
     else if constexpr (is<V, Trajectory>)
-        return std::tuple{TextRow{&B::stabilizedMount, &V::getStabilizedMount,
-                                  std::array<const char*, 3>{"none", "none", "synthetize gimbal data"},
-                                  "Profile Trajectory: stabilized mount"},
+        return std::tuple(Row{&B::stabilizedMount, &V::getStabilizedMount,
+                              Texts{"none", "none", "synthetize gimbal data"},
+                              "Profile Trajectory: stabilized mount"},
                           Row{&B::cameras, &V::getCameras}, Row{&B::imuExternal, &V::getImuExternal},
-                          Row{&B::imuOnboard, &V::getImuOnboard}};
+                          Row{&B::imuOnboard, &V::getImuOnboard});
     else if constexpr (is<V, BoresightCalibration>)
-        return std::tuple{Row{&B::lidarAccuracy, &V::getLidarAccuracy},
+        return std::tuple(Row{&B::lidarAccuracy, &V::getLidarAccuracy},
                           Row{&B::attitudeAccuracy, &V::getAttitudeAccuracy},
                           Row{&B::positionAccuracy, &V::getPositionAccuracy},
                           Row{&B::leverArmAccuracy, &V::getLeverArmAccuracy},
                           Row{&B::numberOfCriteria, &V::getNumberOfCriteria},
                           Row{&B::initialBoresightAngles, &V::getInitialBoresightAngles},
-                          Row{&B::fieldOfView, &V::getFieldOfView}};
+                          Row{&B::fieldOfView, &V::getFieldOfView});
     else if constexpr (is<V, CalibrationDocument>)
-        return std::tuple{Row{&B::name, &V::getName}, Row{&B::content, &V::getContent}};
+        return std::tuple(Row{&B::name, &V::getName}, Row{&B::content, &V::getContent});
     else if constexpr (is<V, Georeferencing>)
-        return std::tuple{Row{&B::calibrationDocument, &V::getCalibrationDocument},
+        return std::tuple(Row{&B::calibrationDocument, &V::getCalibrationDocument},
                           Row{&B::boresightAngles, &V::getBoresightAngles},
-                          Row{&B::fieldOfViews, &V::getFieldOfViews}};
+                          Row{&B::fieldOfViews, &V::getFieldOfViews});
     else if constexpr (is<V, Lidar>)
-        return std::tuple{TextRow{&B::alignment, &V::getAlignment,
-                                  std::array<const char*, 3>{"z y -x", "z y -x", "z y x"},
-                                  "Profile Lidar: alignment"},
-                          Row{&B::pointCloudDirectColorization, &V::getPointCloudDirectColorization},
-                          Row{&B::groundClassification, &V::getGroundClassification},
-                          Row{&B::stripAdjustment, &V::getStripAdjustment},
-                          Row{&B::lidarCoveragePreview, &V::getLidarCoveragePreview},
-                          Row{&B::precisionEnhancement, &V::getPrecisionEnhancement},
-                          Row{&B::boresightCalibration, &V::getBoresightCalibration},
-                          Row{&B::georeferencing, &V::getGeoreferencing},
-                          Row{&B::leverArm, &V::getLeverArm},
-                          Row{&B::imuLatency, &V::getImuLatency},
-                          Row{&B::fileExtension, &V::getFileExtension}};
+        return std::tuple(
+            Row{&B::alignment, &V::getAlignment, {"z y -x", "z y -x", "z y x"}, "Profile Lidar: alignment"},
+            Row{&B::pointCloudDirectColorization, &V::getPointCloudDirectColorization},
+            Row{&B::groundClassification, &V::getGroundClassification},
+            Row{&B::stripAdjustment, &V::getStripAdjustment},
+            Row{&B::lidarCoveragePreview, &V::getLidarCoveragePreview},
+            Row{&B::precisionEnhancement, &V::getPrecisionEnhancement},
+            Row{&B::boresightCalibration, &V::getBoresightCalibration},
+            Row{&B::georeferencing, &V::getGeoreferencing}, Row{&B::leverArm, &V::getLeverArm},
+            Row{&B::imuLatency, &V::getImuLatency}, Row{&B::fileExtension, &V::getFileExtension});
     else if constexpr (is<V, Profile>)
-        return std::tuple{Row{&B::trajectory, &V::getTrajectory},
-                          Row{&B::lidar, &V::getLidar},
-                          Row{&B::name, &V::getName},
-                          Row{&B::product, &V::getProduct},
-                          Row{&B::serialNumber, &V::getSerialNumber},
-                          Row{&B::id, &V::getId},
+        return std::tuple(Row{&B::trajectory, &V::getTrajectory}, Row{&B::lidar, &V::getLidar},
+                          Row{&B::name, &V::getName}, Row{&B::product, &V::getProduct},
+                          Row{&B::serialNumber, &V::getSerialNumber}, Row{&B::id, &V::getId},
                           Row{&B::creationTime, &V::getCreationTime},
-                          Row{&B::lastModificationTime, &V::getLastModificationTime}};
+                          Row{&B::lastModificationTime, &V::getLastModificationTime});
     else
         return processingRowsOf<V>();
 }

@@ -10,8 +10,8 @@
 
 namespace norel::Desktop::Test {
 
-/// Files in memory, with the number of calls of each operation. What `fail...` throws, the operation throws before it
-/// changes anything.
+/// Files in memory, with the number of calls of each operation. What `fail...` throws, the operation throws
+/// before it changes anything.
 struct InMemoryTextFileStorage : Storage::TextFileStorage {
     std::string read(const std::filesystem::path& path) override {
         ++reads;
@@ -23,7 +23,6 @@ struct InMemoryTextFileStorage : Storage::TextFileStorage {
     }
 
     void remove(const std::filesystem::path& path) override {
-        ++removes;
         failRemove();
         files.erase(path);
     }
@@ -35,12 +34,8 @@ struct InMemoryTextFileStorage : Storage::TextFileStorage {
     }
 
     std::map<std::filesystem::path, std::string> files;
-    std::function<void()> failRead = [] {};
-    std::function<void()> failRemove = [] {};
-    std::function<void()> failWrite = [] {};
-    int reads = 0;
-    int removes = 0;
-    int writes = 0;
+    std::function<void()> failRead = [] {}, failRemove = [] {}, failWrite = [] {};
+    int reads = 0, writes = 0;
 };
 
 } // namespace norel::Desktop::Test

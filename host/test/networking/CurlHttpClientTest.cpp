@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 
-#include <functional>
 #include <set>
 #include <tuple>
 
@@ -31,24 +30,8 @@ public:
             response.status = std::stoi(request.matches[1]);
             response.set_content("body of " + request.matches[1].str(), "application/octet-stream");
         });
-        server->Get("/empty", [](const auto&, auto&) {});
         server->Get("/long", [](const auto&, auto& response) { // compressed, as the client accepts that
             response.set_content(std::string(100'000, 'a'), "text/plain");
-        });
-        server->Get("/gzip", [](const auto&, auto& response) { // the text "compressed"
-            const unsigned char bytes[] = {0x1f, 0x8b, 0x8,  0x0,  0x0,  0x0,  0x0,  0x0,  0x2,  0x3,
-                                           0x4b, 0xce, 0xcf, 0x2d, 0x28, 0x4a, 0x2d, 0x2e, 0x4e, 0x4d,
-                                           0x1,  0x0,  0x1e, 0x4b, 0x56, 0x97, 0xa,  0x0,  0x0,  0x0};
-            response.set_header("Content-Encoding", "gzip");
-            response.set_content(std::string(std::begin(bytes), std::end(bytes)), "application/octet-stream");
-        });
-        server->Get("/chunked", [](const auto&, auto& response) {
-            response.set_chunked_content_provider("application/octet-stream", [](std::size_t, auto& sink) {
-                for (int i = 0; i < 3; ++i)
-                    sink.write("piece ", 6);
-                sink.done();
-                return true;
-            });
         });
         server->Get("/redirect", [](const auto& request, auto& response) {
             response.status = 302;
@@ -89,6 +72,9 @@ public:
     /// "127.0.0.1:PORT"
     std::string authority() const { return "127.0.0.1:" + std::to_string(port); }
 
+    /// "http://127.0.0.1:PORT/PATH"
+    std::string url(const std::string& path) const { return "http://" + authority() + path; }
+
     /// The address that redirects to the other one.
     std::string redirect(const std::string& to) const {
         return authority() + "/redirect?to=" + httplib::detail::encode_query_param(to);
@@ -101,10 +87,7 @@ private:
 };
 
 HttpClient::Request get(const std::string& url, const std::string& key = {}) {
-    HttpClient::Request::Builder builder;
-    builder.url = url;
-    builder.key = key;
-    return builder.build();
+    return {HttpClient::Method::Get, url, "", key};
 }
 
 /// The body of the answer, or the failure's text.
@@ -120,25 +103,17 @@ std::string bodyOrFailure(HttpClient& client, const std::string& url) {
     return bodyOrFailure(client, get(url));
 }
 
-Options limited(std::uint64_t maximumBodyBytes) {
+/// The usual options but for one.
+template <typename Member, typename Value>
+Options with(Member Options::*member, const Value& value) {
     Options options;
-    options.maximumBodyBytes = maximumBodyBytes;
+    options.*member = value;
     return options;
 }
 
-Options trusting(const std::filesystem::path& certificateFile) {
-    Options options;
-    options.certificateFile = certificateFile;
-    return options;
-}
-
-/// No proxy of the environment, whatever the machine's is.
+/// No proxy of the environment, whatever the machine's is or an earlier test's was.
 struct CurlHttpClientTest : testing::Test {
-    CurlHttpClientTest() { unsetProxies(); }
-
-    ~CurlHttpClientTest() override { unsetProxies(); }
-
-    static void unsetProxies() {
+    CurlHttpClientTest() {
         for (const char* name :
              {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY", "no_proxy", "NO_PROXY"})
             ::unsetenv(name);
@@ -149,18 +124,12 @@ TEST_F(CurlHttpClientTest, GivesTheAnswerWhateverItsStatus) {
     const Service service;
     CurlHttpClient client;
     const std::tuple<std::string, unsigned, std::string> cases[] = {
-        {"/status/200", 200, "body of 200"},
-        {"/status/404", 404, "body of 404"},
-        {"/status/500", 500, "body of 500"},
-        {"/status/302", 302, "body of 302"}, // leads nowhere
-        {"/empty", 200, ""},
-        {"/chunked", 200, "piece piece piece "},
-        {"/gzip", 200, "compressed"},
-        {"/long", 200, std::string(100'000, 'a')},
-        {"/countdown/5", 200, "arrived"},
+        {"/status/200", 200, "body of 200"},       {"/status/404", 404, "body of 404"},
+        {"/status/500", 500, "body of 500"},       {"/status/302", 302, "body of 302"}, // leads nowhere
+        {"/long", 200, std::string(100'000, 'a')}, {"/countdown/5", 200, "arrived"},
     };
     for (const auto& [path, status, body] : cases) {
-        const HttpClient::Response response = client.send(get("http://" + service.authority() + path));
+        const HttpClient::Response response = client.send(get(service.url(path)));
         EXPECT_EQ(response.statusCode, status) << path;
         EXPECT_EQ(response.body, body) << path;
     }
@@ -171,10 +140,10 @@ TEST_F(CurlHttpClientTest, FollowsRedirectsWithinItsRulesOnly) {
     const Service service;
     const Service other;
     const Service secure = Service::withTls(certificate);
-    CurlHttpClient client(trusting(certificate.file));
-    const std::string plain = "http://" + other.authority() + "/status/200";
+    CurlHttpClient client(with(&Options::certificateFile, certificate.file));
+    const std::string plain = other.url("/status/200");
     const std::string tls = "https://" + secure.authority() + "/status/200";
-    const std::string from = "FAILED: cannot get http://" + service.authority() + "/redirect, redirected to ";
+    const std::string from = "FAILED: cannot get " + service.url("/redirect, redirected to ");
     const std::pair<std::string, std::string> cases[] = {
         {"/status/200", "body of 200"},
         {"status/404", "body of 404"},
@@ -189,9 +158,9 @@ TEST_F(CurlHttpClientTest, FollowsRedirectsWithinItsRulesOnly) {
     };
     for (const auto& [location, outcome] : cases)
         EXPECT_EQ(bodyOrFailure(client, "http://" + service.redirect(location)), outcome) << location;
-    EXPECT_EQ(bodyOrFailure(client, "http://" + service.authority() + "/countdown/6"),
-              "FAILED: cannot get http://" + service.authority() + "/countdown/6, redirected to http://" +
-                  service.authority() + "/countdown/1: more than 5 redirects");
+    EXPECT_EQ(bodyOrFailure(client, service.url("/countdown/6")),
+              "FAILED: cannot get " + service.url("/countdown/6, redirected to ") +
+                  service.url("/countdown/1: more than 5 redirects"));
 }
 
 TEST_F(CurlHttpClientTest, SendsTheKeyToTheOriginOfTheAddressOnly) {
@@ -199,9 +168,9 @@ TEST_F(CurlHttpClientTest, SendsTheKeyToTheOriginOfTheAddressOnly) {
     const Service service;
     const Service other;
     const Service secure = Service::withTls(certificate);
-    CurlHttpClient client(trusting(certificate.file));
-    const std::string own = "http://" + service.authority() + "/authorization";
-    const std::string elsewhere = "http://" + other.authority() + "/authorization";
+    CurlHttpClient client(with(&Options::certificateFile, certificate.file));
+    const std::string own = service.url("/authorization");
+    const std::string elsewhere = other.url("/authorization");
     const std::string named = "http://localhost" + own.substr(own.rfind(':'));
     const std::tuple<std::string, std::string, std::string> cases[] = {
         {own, "secret", "Bearer secret"},
@@ -232,7 +201,6 @@ TEST_F(CurlHttpClientTest, RefusesWhatItCannotSendWithoutNamingSecrets) {
     const std::pair<HttpClient::Request, std::string> cases[] = {
         {get(secret, "key"), named + "cannot connect: Connection refused"},
         {get(secret, "key\r\nCookie: a"), badKey},
-        {get(secret, "two words"), badKey},
         {get(secret, "k\u00e9y"), badKey},
         {{Method(1), secret, "", ""}, named + "the method 1 is not supported"},
         {{Method::Get, secret, "content", ""}, named + "a Get request has no body"},
@@ -261,7 +229,7 @@ TEST_F(CurlHttpClientTest, TrustsOnlyTheCertificatesThatItKnowsForTheHostTheyNam
          "FAILED: cannot get " + address + ": error setting certificate file: /absent.pem"},
     };
     for (const auto& [file, url, outcome] : cases) {
-        CurlHttpClient client(trusting(file));
+        CurlHttpClient client(with(&Options::certificateFile, file));
         EXPECT_EQ(bodyOrFailure(client, url), outcome);
     }
 }
@@ -272,13 +240,10 @@ TEST_F(CurlHttpClientTest, RaisesWhatAMisbehavingPeerDoes) {
     const std::string chunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
     const std::pair<std::string, std::string> cases[] = {
         {"", cutOff},
-        {"HTTP/1.1 200 O", cutOff},
         {length, cutOff},
-        {"HTTP/1.1 100 Continue\r\n\r\n", cutOff},
         {"HTTP/1.1 100 Continue\r\n\r\n" + length, cutOff},
         {length + "9\r\n\r\n12345", cutOff},
         {chunked + "9\r\n12345", cutOff},
-        {chunked + "5\r\n12345\r\n", cutOff},
         {length + "11\r\n\r\n12345678901", "the answer is longer than 10 bytes"},
         {chunked + "6\r\n123456\r\n5\r\n12345\r\n0\r\n\r\n", "the answer is longer than 10 bytes"},
         {"HTTP/1.0 200 OK\r\n\r\n12345678901", "the answer is longer than 10 bytes"},
@@ -286,20 +251,22 @@ TEST_F(CurlHttpClientTest, RaisesWhatAMisbehavingPeerDoes) {
         {"HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 7\r\n\r\nno gzip",
          "Error while processing content unencoding: incorrect header check"},
     };
-    CurlHttpClient client(limited(10));
+    CurlHttpClient client(with(&Options::maximumBodyBytes, 10));
     for (const auto& [answer, reason] : cases) {
         const RawServer server({answer});
         EXPECT_EQ(bodyOrFailure(client, "http://" + server.authority() + "/"),
                   "FAILED: cannot get http://" + server.authority() + "/: " + reason)
             << answer;
     }
-    const RawServer exact({length + "10\r\n\r\n1234567890"});
-    EXPECT_EQ(bodyOrFailure(client, "http://" + exact.authority()), "1234567890");
+    for (const std::string& answer :
+         {length + "10\r\n\r\n1234567890", chunked + "6\r\n123456\r\n4\r\n7890\r\n0\r\n\r\n"}) {
+        const RawServer exact({answer});
+        EXPECT_EQ(bodyOrFailure(client, "http://" + exact.authority()), "1234567890");
+    }
     const Service service;
-    CurlHttpClient longer(limited(99'999));
-    EXPECT_EQ(bodyOrFailure(longer, "http://" + service.authority() + "/long"),
-              "FAILED: cannot get http://" + service.authority() +
-                  "/long: the answer is longer than 99999 bytes");
+    CurlHttpClient longer(with(&Options::maximumBodyBytes, 99'999));
+    EXPECT_EQ(bodyOrFailure(longer, service.url("/long")),
+              "FAILED: cannot get " + service.url("/long: the answer is longer than 99999 bytes"));
 }
 
 TEST_F(CurlHttpClientTest, GivesUpInTime) {
@@ -307,17 +274,15 @@ TEST_F(CurlHttpClientTest, GivesUpInTime) {
     drips.insert(drips.begin(), "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n");
     const RawServer dripping(drips, 50ms);
     const RawServer silent(std::vector<std::string>(100), 50ms);
-    Options connect;
-    connect.connectTimeout = 200ms;
-    Options total;
-    total.totalTimeout = 200ms;
-    Options slow;
-    slow.lowSpeedDuration = 1s;
+    const std::string late = "no complete answer within 200 ms";
+    const Options total = with(&Options::totalTimeout, 200ms);
     const std::tuple<Options, std::string, std::string> cases[] = {
-        {connect, "https://" + silent.authority() + "/", "no connection within 200 ms"}, // the TLS part of it
-        {total, "http://" + silent.authority() + "/", "no complete answer within 200 ms"},
-        {total, "http://" + dripping.authority() + "/", "no complete answer within 200 ms"},
-        {slow, "http://" + dripping.authority() + "/", "less than 100 bytes a second for 1 s"},
+        {with(&Options::connectTimeout, 200ms), "https://" + silent.authority() + "/", // the TLS part of it
+         "no connection within 200 ms"},
+        {total, "http://" + silent.authority() + "/", late},
+        {total, "http://" + dripping.authority() + "/", late},
+        {with(&Options::lowSpeedDuration, 1s), "http://" + dripping.authority() + "/",
+         "less than 100 bytes a second for 1 s"},
     };
     for (const auto& [options, url, reason] : cases) {
         CurlHttpClient client(options);
@@ -337,9 +302,8 @@ TEST_F(CurlHttpClientTest, ServesSeveralThreadsOverConnectionsThatItKeeps) {
         threads.emplace_back([&, i] {
             const std::string key = "key" + std::to_string(i);
             for (int request = 0; request < 20; ++request) {
-                peers[i].insert(bodyOrFailure(client, "http://" + service.authority() + "/peer"));
-                EXPECT_EQ(bodyOrFailure(client, get("http://" + service.authority() + "/authorization", key)),
-                          "Bearer " + key);
+                peers[i].insert(bodyOrFailure(client, service.url("/peer")));
+                EXPECT_EQ(bodyOrFailure(client, get(service.url("/authorization"), key)), "Bearer " + key);
             }
         });
     for (std::thread& thread : threads)
@@ -354,14 +318,13 @@ TEST_F(CurlHttpClientTest, ShowsItsProgressWhichMayEndTheRequest) {
     const Service service;
     std::uint64_t shown = 0;
     bool isCancelled = false;
-    Options options;
-    options.progress = [&](std::uint64_t receivedBytes) {
+    const auto progress = [&](std::uint64_t receivedBytes) {
         shown = receivedBytes;
         if (isCancelled)
             throw std::domain_error("cancelled");
     };
-    CurlHttpClient client(options);
-    const std::string url = "http://" + service.authority() + "/long";
+    CurlHttpClient client(with(&Options::progress, progress));
+    const std::string url = service.url("/long");
     client.send(get(url));
     EXPECT_EQ(shown, 100'000U);
     isCancelled = true;
@@ -376,8 +339,7 @@ TEST_F(CurlHttpClientTest, TakesTheProxyOfTheEnvironmentForHttpsOnlyAndWithoutTh
     CurlHttpClient client;
     for (const char* variable : {"http_proxy", "https_proxy"})
         ::setenv(variable, ("http://" + proxy.authority()).c_str(), 1);
-    EXPECT_EQ(bodyOrFailure(client, get("http://" + service.authority() + "/authorization", "secret")),
-              "Bearer secret");
+    EXPECT_EQ(bodyOrFailure(client, get(service.url("/authorization"), "secret")), "Bearer secret");
     EXPECT_EQ(bodyOrFailure(client, get("https://127.0.0.1:1/", "secret")),
               "FAILED: cannot get https://127.0.0.1:1/: CONNECT tunnel failed, response 407");
     EXPECT_THAT(proxy.stop(), testing::AllOf(testing::StartsWith("CONNECT 127.0.0.1:1 HTTP/1.1\r\n"),
@@ -385,19 +347,16 @@ TEST_F(CurlHttpClientTest, TakesTheProxyOfTheEnvironmentForHttpsOnlyAndWithoutTh
 }
 
 TEST_F(CurlHttpClientTest, RefusesLimitsOutOfRange) {
-    const std::tuple<std::string, std::function<void(Options&)>> cases[] = {
-        {"connectTimeout", [](Options& options) { options.connectTimeout = 0ms; }},
-        {"totalTimeout", [](Options& options) { options.totalTimeout = std::chrono::milliseconds::max(); }},
-        {"lowSpeedBytesPerSecond", [](Options& options) { options.lowSpeedBytesPerSecond = 0; }},
-        {"lowSpeedDuration", [](Options& options) { options.lowSpeedDuration = -1s; }},
+    const std::pair<std::string, Options> cases[] = {
+        {"connectTimeout", with(&Options::connectTimeout, 0ms)},
+        {"totalTimeout", with(&Options::totalTimeout, std::chrono::milliseconds::max())},
+        {"lowSpeedBytesPerSecond", with(&Options::lowSpeedBytesPerSecond, 0)},
+        {"lowSpeedDuration", with(&Options::lowSpeedDuration, -1s)},
     };
-    for (const auto& [name, change] : cases) {
-        Options options;
-        change(options);
-        EXPECT_THAT([&] { CurlHttpClient client(options); },
+    for (const auto& [name, options] : cases)
+        EXPECT_THAT([&options = options] { CurlHttpClient client(options); },
                     testing::ThrowsMessage<std::invalid_argument>("the HTTP client's " + name +
                                                                   " must be between 1 and 2147483647"));
-    }
 }
 
 } // namespace

@@ -20,7 +20,6 @@ class SelfSignedCertificate {
 public:
     SelfSignedCertificate() {
         X509_set_version(certificate.get(), X509_VERSION_3);
-        ASN1_INTEGER_set(X509_get_serialNumber(certificate.get()), 1);
         X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -60);
         X509_gmtime_adj(X509_getm_notAfter(certificate.get()), 3600);
         X509_set_pubkey(certificate.get(), key.get());

@@ -8,6 +8,7 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <iterator>
+#include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -88,11 +89,10 @@ struct DurableTextFileStorageTest : testing::Test {
         fs::remove_all(folder);
     }
 
-    std::vector<std::string> names() const {
-        std::vector<std::string> result;
+    std::set<std::string> names() const {
+        std::set<std::string> result;
         for (const auto& entry : fs::recursive_directory_iterator(folder))
-            result.push_back(entry.path().lexically_relative(folder).string());
-        std::sort(result.begin(), result.end());
+            result.insert(entry.path().lexically_relative(folder).string());
         return result;
     }
 
@@ -217,11 +217,9 @@ TEST_F(DurableTextFileStorageTest, RefusesWhatIsNoFile) {
     const std::string notRegular = ", which is not a regular file: Invalid argument";
     const std::pair<std::string, std::string> refused[] = {{"sub", ": Is a directory"},
                                                            {"sub/", ": Is a directory"},
-                                                           {".", ": Is a directory"},
                                                            {"fifo", notRegular},
                                                            {"none/file", ": No such file or directory"},
                                                            {"file/file", ": Not a directory"},
-                                                           {"file/", ": Not a directory"},
                                                            {std::string(300, 'x'), ": File name too long"}};
     for (const auto& [name, reason] : refused)
         for (const char* verb : {"read", "write", "remove"})

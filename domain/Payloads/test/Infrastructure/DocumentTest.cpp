@@ -20,35 +20,28 @@ struct Node {
     std::size_t parent;     // its position in the list of nodes
 };
 
-bool endsWith(const std::string& text, const std::string& end) {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 /// Whether a member may be left out; all but presets and precision may also be null.
 bool mayBeAbsent(const std::string& path) {
     const char* const ends[] = {
         ".serial_number",        "].lidar",  ".imu_external", ".georeferencing.boresight_angles",
         ".calibration_document", ".presets", ".precision"};
     return std::any_of(std::begin(ends), std::end(ends),
-                       [&](const char* end) { return endsWith(path, end); });
+                       [&](const char* end) { return path.ends_with(end); });
 }
 
 bool mayBeNull(const std::string& path) {
-    return mayBeAbsent(path) && !endsWith(path, ".presets") && !endsWith(path, ".precision");
+    return mayBeAbsent(path) && !path.ends_with(".presets") && !path.ends_with(".precision");
 }
 
 /// Whether the value is read as a whole and not member by member.
 bool isLeaf(const Tree& value, const std::string& path) {
-    return !value.is_structured() || endsWith(path, ".presets") || endsWith(path, "terrain_typology");
+    return !value.is_structured() || path.ends_with(".presets") || path.ends_with("terrain_typology");
 }
 
 class Document : public testing::Test {
 protected:
     Document() {
-        Profile profile = makeFullProfile().build();
-        ProfileList list;
-        list.add(profile);
-        written = serializer.serialize(list);
+        written = serializer.serialize(makeFullList());
         document = Tree::parse(written);
         text = "[";
         collect(document[0], {Tree::json_pointer("/0"), "[0]", 0, 0, 0});
@@ -77,16 +70,11 @@ protected:
         nodes[position].end = text.size();
     }
 
-    /// The document with another value at the node, but without what follows its siblings and without a lidar
-    /// before it: parsing takes most of the time of these tests.
+    /// The document with another value at the node, but without what follows its siblings: parsing takes most
+    /// of the time of these tests.
     std::string upTo(const Node& node, const Tree& value) const {
         std::string part = text.substr(0, node.begin) + value.dump() +
                            text.substr(node.end, nodes[node.parent].end - node.end);
-        const std::string key = "\"lidar\":";
-        const auto lidar =
-            std::find_if(nodes.begin(), nodes.end(), [](const Node& n) { return n.path == "[0].lidar"; });
-        if (node.begin > lidar->end)
-            part.erase(lidar->begin - key.size(), key.size() + lidar->end - lidar->begin + 1);
         std::string closing;
         for (const char c : part)
             if (c == '{' || c == '[')
@@ -170,7 +158,7 @@ TEST_F(Document, ReadsWithoutItsOptionalMembers) {
         if (!mayBeAbsent(node.path))
             continue;
         const Tree expected =
-            endsWith(node.path, ".serial_number") ? Tree::parse(with(node, "")) : without(node);
+            node.path.ends_with(".serial_number") ? Tree::parse(with(node, "")) : without(node);
         EXPECT_EQ(rewritten(without(node).dump()), expected.dump(4)) << node.path;
         if (mayBeNull(node.path)) {
             EXPECT_EQ(rewritten(with(node, nullptr)), expected.dump(4)) << node.path;

@@ -1,5 +1,6 @@
 #include "Sample.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -18,35 +19,14 @@ std::string documentOf(unsigned int version) {
     return DefaultProducts::getSourceDocumentFromVersionInfo(version);
 }
 
-/// The members at the bottom of a profile by their place; a section that `other` has not is one of them.
-std::map<std::string, Tree> leavesOf(const Tree& profile, const Tree& other) {
-    std::map<std::string, Tree> leaves;
-    const Tree flat = profile.flatten();
-    for (const auto& [place, value] : flat.items()) {
-        std::size_t end = place.find('/', 1);
-        while (end != std::string::npos && other.contains(Pointer(place.substr(0, end))))
-            end = place.find('/', end + 1);
-        leaves[place.substr(0, end)] = end == std::string::npos ? value : Tree("a section");
-    }
-    return leaves;
-}
-
 Differences differencesTo(unsigned int version) {
     Differences differences;
     const Tree before = Tree::parse(documentOf(version - 1));
     for (const Tree& to : Tree::parse(documentOf(version)))
-        for (const Tree& from : before) {
-            if (from["id"] != to["id"])
-                continue;
-            std::map<std::string, Tree> old = leavesOf(from, to);
-            for (const auto& [place, value] : leavesOf(to, from)) {
-                if (old.count(place) == 0 || old[place] != value)
-                    differences[place].insert(to["id"].get<unsigned int>());
-                old.erase(place);
-            }
-            for (const auto& [place, value] : old)
-                differences["lost: " + place].insert(to["id"].get<unsigned int>());
-        }
+        for (const Tree& from : before)
+            for (const Tree& change : from["id"] == to["id"] ? Tree::diff(from, to) : Tree::array())
+                differences[(change["op"] == "remove" ? "lost: " : "") + change["path"].get<std::string>()]
+                    .insert(to["id"].get<unsigned int>());
     return differences;
 }
 
@@ -95,84 +75,45 @@ TEST(FactoryDocuments, AreThereForTheirVersions) {
     }
 }
 
-/// The sections of a lidar in a version of the document.
-std::vector<std::string> lidarSectionsOf(unsigned int version) {
-    std::vector<std::string> sections{"file_extension",
-                                      "imu_latency",
-                                      "alignment",
-                                      "lever_arm",
-                                      "georeferencing",
-                                      "boresight_calibration",
-                                      "precision_enhancement",
-                                      "lidar_coverage_preview",
-                                      "strip_adjustment"};
-    if (version >= 3)
-        sections.emplace_back("ground_classification");
-    if (version >= 4)
-        sections.emplace_back("point_cloud_direct_colorization");
-    return sections;
-}
-
-TEST(FactoryDocuments, HoldTheProductsInOrderWithTheSectionsOfTheirVersion) {
+TEST(FactoryDocuments, HoldTheProductsInOrder) {
     for (unsigned int version = 2; version <= 5; ++version) {
-        std::vector<std::pair<unsigned int, std::string>> expected, found;
+        std::vector<Product> products;
         for (const Product& product : PRODUCTS) {
             if (version > 2 || product.id < 792)
-                expected.emplace_back(product.id, product.name);
+                products.push_back(product);
             if (version == 2 && product.id == 409)
-                expected.emplace_back(370, "Korvane Alpha Fine");
+                products.push_back({370, "Korvane Alpha Fine", "pck", "z y -x", {"nadir"}, "none", false});
         }
-        for (const Tree& profile : Tree::parse(documentOf(version))) {
-            SCOPED_TRACE(profile["id"].dump() + " in version " + std::to_string(version));
-            found.emplace_back(profile["id"], profile["product"]);
-            EXPECT_EQ(profile["name"], profile["product"]);
+        const Tree profiles = Tree::parse(documentOf(version));
+        ASSERT_EQ(profiles.size(), products.size());
+        for (std::size_t i = 0; i < products.size(); ++i) {
+            const Tree &profile = profiles[i], &lidar = profile.at("lidar"), &path = profile["trajectory"];
+            const Product& product = products[i];
+            SCOPED_TRACE(std::to_string(product.id) + " in version " + std::to_string(version));
+            EXPECT_EQ(profile["id"], product.id);
+            EXPECT_EQ(profile["name"], product.name);
+            EXPECT_EQ(profile["product"], product.name);
             EXPECT_TRUE(profile.at("serial_number").is_null() && profile.at("uploads").is_null());
             for (const char* key : {"creation_time", "last_modification_time"})
                 EXPECT_THAT(profile[key].get<std::string>(),
                             testing::MatchesRegex("20[0-9-]{8}T[0-9]{2}:[0-9]{2}:[0-9]{2}\\+00:00"));
-            const Tree& lidar = profile.at("lidar");
-            ASSERT_EQ(lidar.is_null(), found.back().second.front() == 'T');
+            std::vector<std::string> cameras;
+            for (const Tree& camera : path["cameras"])
+                cameras.push_back(camera["orientation"]);
+            EXPECT_EQ(cameras, product.cameras);
+            EXPECT_EQ(path["stabilized_mount"], product.mount);
+            EXPECT_EQ(path.contains("imu_external"), product.hasExternalImu);
+            ASSERT_EQ(lidar.is_object(), product.fileExtension != nullptr);
             if (lidar.is_null())
                 continue;
-            std::vector<std::string> sections;
-            for (const auto& [key, section] : lidar.items())
-                sections.push_back(key);
-            EXPECT_EQ(sections, lidarSectionsOf(version));
-            EXPECT_EQ(lidar.contains(Pointer("/ground_classification/dsm")), version == 5);
+            EXPECT_EQ(lidar.size(), std::min(version + 7, 11U));
+            EXPECT_EQ(lidar["file_extension"], product.fileExtension);
+            EXPECT_EQ(lidar["alignment"], product.alignment);
+            EXPECT_THAT(lidar["lidar_coverage_preview"]["downsampling_rate"]["value"].get<double>(),
+                        testing::AnyOf(0.99, 0.995, 0.999));
+            EXPECT_THAT(lidar["georeferencing"]["field_of_views"].size(),
+                        testing::AllOf(testing::Ge(1U), testing::Le(5U)));
         }
-        EXPECT_EQ(found, expected) << version;
-    }
-}
-
-TEST(FactoryDocuments, OfTheCurrentVersionReadAsTheProducts) {
-    const std::vector<Profile> profiles = ProfileListDefaultProductsStorage().read().list();
-    ASSERT_EQ(profiles.size(), std::size(PRODUCTS));
-    for (std::size_t i = 0; i < profiles.size(); ++i) {
-        const Profile& profile = profiles[i];
-        const Product& product = PRODUCTS[i];
-        SCOPED_TRACE(product.id);
-        EXPECT_EQ(profile.getId(), product.id);
-        EXPECT_EQ(profile.getName(), product.name);
-        EXPECT_EQ(profile.getProduct(), product.name);
-        EXPECT_EQ(profile.getSerialNumber(), "");
-        ASSERT_EQ(profile.getLidar().has_value(), product.fileExtension != nullptr);
-        if (product.fileExtension) {
-            EXPECT_EQ(profile.getLidar()->getFileExtension(), product.fileExtension);
-            EXPECT_EQ(profile.getLidar()->getAlignment(), product.alignment);
-            const double rate =
-                profile.getLidar()->getLidarCoveragePreview().getDownsamplingRate().getValue();
-            EXPECT_TRUE(rate == 0.99 || rate == 0.995 || rate == 0.999) << rate;
-            const std::size_t fieldOfViews =
-                profile.getLidar()->getGeoreferencing().getFieldOfViews().getListOfFieldOfViews().size();
-            EXPECT_TRUE(fieldOfViews >= 1 && fieldOfViews <= 5) << fieldOfViews;
-        }
-        std::vector<std::string> cameras;
-        const Cameras listed = profile.getTrajectory().getCameras();
-        for (const Camera& camera : listed.getListOfCameras())
-            cameras.push_back(camera.getOrientation());
-        EXPECT_EQ(cameras, product.cameras);
-        EXPECT_EQ(profile.getTrajectory().getStabilizedMount(), product.mount);
-        EXPECT_EQ(profile.getTrajectory().getImuExternal().has_value(), product.hasExternalImu);
     }
 }
 
@@ -234,13 +175,13 @@ TEST(FactoryDocuments, DifferFromVersionToVersionInTheseMembersOnly) {
 }
 
 TEST(FactoryDocuments, HoldTheTellingValuesOfTheirVersion) {
-    const auto full = [](double value, double minimum, double maximum, double precision, const char* unit) {
+    const auto limits = [](double value, double minimum, double maximum, double precision, const char* unit) {
         return Tree{{"defaultValue", value},  {"minimum", minimum}, {"maximum", maximum},
                     {"precision", precision}, {"value", value},     {"unit", unit}};
     };
-    const Tree dsm{{"grid_size", full(0.1, 0.05, 1, 0.01, "m")},
-                   {"tiles_size", full(4000, 500, 10000, 100, "px")},
-                   {"tiles_overlap", full(400, 100, 2000, 10, "px")}};
+    const Tree dsm{{"grid_size", limits(0.1, 0.05, 1, 0.01, "m")},
+                   {"tiles_size", limits(4000, 500, 10000, 100, "px")},
+                   {"tiles_overlap", limits(400, 100, 2000, 10, "px")}};
     for (unsigned int version = 2; version <= 5; ++version)
         for (const Tree& profile : Tree::parse(documentOf(version))) {
             if (profile["lidar"].is_null())

@@ -39,20 +39,10 @@ void expectKindRefused(const std::string& text, const std::string& expected, con
 
 TEST(Serializer, ReadsLeaves) {
     EXPECT_EQ(read<int>("-3.7"), -3);
-    EXPECT_EQ(read<int>("true"), 1);
-    EXPECT_EQ(read<int>("4294967295"), -1);
-    EXPECT_EQ(read<unsigned int>("-1"), 4294967295U);
-    EXPECT_EQ(read<unsigned int>("3.7"), 3U);
-    EXPECT_EQ(read<unsigned int>("false"), 0U);
-    EXPECT_EQ(read<double>("3"), 3.0);
-    EXPECT_EQ(read<double>("-1e-05"), -1e-05);
-    EXPECT_EQ(read<bool>("true"), true);
     EXPECT_EQ(read<std::string>(R"("\u00e9")"), "\xC3\xA9");
     EXPECT_THAT((read<std::vector<std::string>>(R"(["b", "a", "b"])", {"old"})), ElementsAre("b", "a", "b"));
     EXPECT_EQ((read<std::map<std::string, int>>(R"({"b": true, "B": -1.5})", {{"old", 1}})),
               (std::map<std::string, int>{{"B", -1}, {"b", 1}}));
-    EXPECT_EQ((read<std::map<std::string, unsigned int>>("{\"b\": -1}")),
-              (std::map<std::string, unsigned int>{{"b", 4294967295U}}));
     EXPECT_EQ((read<std::map<std::string, double>>("{}", {{"old", 1}})), (std::map<std::string, double>{}));
     EXPECT_EQ(read<DateTime::DateTime>("\"1970-01-01T01:00:01.5+01:00\""),
               DateTime::DateTime(std::chrono::sys_seconds(std::chrono::seconds(1)),
@@ -60,23 +50,9 @@ TEST(Serializer, ReadsLeaves) {
 }
 
 TEST(Serializer, RefusesLeavesOfAnotherKind) {
-    for (const auto& [text, kind] : std::vector<std::pair<std::string, std::string>>{
-             {"null", "null"}, {"{}", "object"}, {"[]", "array"}, {"\"2\"", "string"}}) {
-        expectKindRefused<int>(text, "number", kind);
-        expectKindRefused<unsigned int>(text, "number", kind);
-        expectKindRefused<double>(text, "number", kind);
-        expectKindRefused<bool>(text, "boolean", kind);
-    }
     expectKindRefused<double>("true", "number", "boolean");
     expectKindRefused<bool>("1", "boolean", "number");
-    for (const auto& [text, kind] : std::vector<std::pair<std::string, std::string>>{
-             {"null", "null"}, {"1.5", "number"}, {"true", "boolean"}}) {
-        expectKindRefused<std::string>(text, "string", kind);
-        expectKindRefused<DateTime::DateTime>(text, "string", kind);
-        expectKindRefused<std::vector<std::string>>(text, "array", kind);
-        expectKindRefused<std::vector<std::string>>("[\"a\", " + text + "]", "string", kind);
-        expectKindRefused<std::map<std::string, int>>(text, "object", kind);
-    }
+    expectKindRefused<std::vector<std::string>>("[\"a\", 5]", "string", "number");
     expectKindRefused<std::map<std::string, unsigned int>>("[]", "object", "array");
     expectKindRefused<std::map<std::string, int>>("{\"a\": \"1\"}", "number", "string");
     expectKindRefused<std::map<std::string, double>>("{\"a\": 1, \"b\": true}", "number", "boolean");
@@ -128,23 +104,9 @@ TEST(Serializer, ReadsTextsWithoutProfilesAndRefusesWhatIsNoArray) {
     EXPECT_EQ(serializer.serialize(ProfileList()), "[]");
     EXPECT_TRUE(serializer.deserialize("") == ProfileList());
     EXPECT_TRUE(serializer.deserialize(" [ ]\r\n") == ProfileList());
-    for (const char* kind : {"object", "string", "number", "boolean", "null"}) {
-        const std::map<std::string, const char*> texts{
-            {"object", "{}"}, {"string", "\"[]\""}, {"number", "5"}, {"boolean", "true"}, {"null", "null"}};
-        EXPECT_THAT([&] { serializer.deserialize(texts.at(kind)); },
-                    ThrowsMessage<ParsingError>(
-                        std::string("[json.exception.type_error.302] type must be array, but is ") + kind));
-    }
-    for (const char* text : {"[", " ", "[]]", "nul"}) {
-        std::string message;
-        try {
-            Json::fromString(text);
-        } catch (const Json::JsonError& error) {
-            message = error.what();
-        }
-        EXPECT_THAT([&] { serializer.deserialize(text); }, ThrowsMessage<ParsingError>(message));
-        EXPECT_THAT(message, testing::StartsWith("[json.exception.parse_error.101] parse error at "));
-    }
+    EXPECT_THAT(
+        [] { serializer.deserialize("null"); },
+        ThrowsMessage<ParsingError>("[json.exception.type_error.302] type must be array, but is null"));
 }
 
 TEST(Serializer, NumbersProfilesAsTheyAreRead) {
@@ -162,16 +124,10 @@ TEST(Serializer, NumbersProfilesAsTheyAreRead) {
 
 TEST(Serializer, ReportsTheFirstProfileThatFailsInWhateverWay) {
     const Tree profile = Tree::parse(serializer.serialize(makeList({{1, "name"}})))[0];
-    Tree nameless = profile, incomplete = profile, misaligned = profile;
+    Tree nameless = profile, incomplete = profile, unmounted = profile;
     nameless["name"] = "";
     incomplete.erase("trajectory");
-    misaligned["lidar"] = Tree::parse([] {
-        ProfileList list;
-        Profile full = makeFullProfile().build();
-        list.add(full);
-        return serializer.serialize(list);
-    }())[0]["lidar"];
-    misaligned["lidar"]["alignment"] = "x -x y";
+    unmounted["trajectory"]["stabilized_mount"] = "";
     const auto reading = [](const Tree& document) {
         return [=] { serializer.deserialize(document.dump()); };
     };
@@ -180,13 +136,8 @@ TEST(Serializer, ReportsTheFirstProfileThatFailsInWhateverWay) {
     EXPECT_THAT(
         reading({profile, profile, incomplete, nameless}),
         ThrowsMessage<ParsingError>("[json.exception.out_of_range.403] key 'trajectory' not found at [2]"));
-    EXPECT_THAT(reading(Tree::array({misaligned})),
-                ThrowsMessage<std::invalid_argument>("Profile Lidar: alignment \"x -x y\" is invalid"));
-    misaligned["lidar"]["georeferencing"]["field_of_views"] = Tree::array();
-    misaligned["lidar"]["alignment"] = "x z y";
-    EXPECT_THAT(
-        reading(Tree::array({misaligned})),
-        ThrowsMessage<std::invalid_argument>("Profile FieldOfViews: at least one FieldOfView is required"));
+    EXPECT_THAT(reading({unmounted, incomplete}),
+                ThrowsMessage<std::invalid_argument>("Profile Trajectory: stabilized mount \"\" is invalid"));
 }
 
 /// Writes lever arms and other vectors, and segmentations, as plain texts.
@@ -212,10 +163,7 @@ struct ShortSerializer : Serializer {
 
 TEST(Serializer, LetsADerivedOneOverrideASectionWhereverItOccurs) {
     const ShortSerializer shortSerializer;
-    ProfileList list;
-    Profile profile = makeFullProfile().build();
-    list.add(profile);
-    const std::string text = shortSerializer.serialize(list);
+    const std::string text = shortSerializer.serialize(makeFullList());
     std::map<std::string, int> occurrences;
     const Tree leaves = Tree::parse(text).flatten();
     for (const auto& [pointer, leaf] : leaves.items())
@@ -224,11 +172,8 @@ TEST(Serializer, LetsADerivedOneOverrideASectionWhereverItOccurs) {
     EXPECT_EQ(occurrences["vector"], 10);
     EXPECT_EQ(occurrences["segmentation"], 2);
     const Profile read = shortSerializer.deserialize(text).list().front();
-    EXPECT_EQ(read.getLidar()->getBoresightCalibration().getLidarAccuracy().getX().getValue(), 42);
     EXPECT_EQ(read.getTrajectory().getCameras().getListOfCameras().at(1).getLeverArm().getX().getValue(), 42);
-    EXPECT_EQ(read.getTrajectory().getImuExternal()->getLeverArmAntenna().getX().getValue(), 42);
     const auto ground = read.getLidar()->getGroundClassification();
-    EXPECT_EQ(ground.getInteriorProcessing().getSegmentation().getMinimumPointsPerRegion().getValue(), 43U);
     EXPECT_EQ(ground.getHullProcessing().getSegmentation().getMinimumPointsPerRegion().getValue(), 43U);
     ASSERT_EQ(shortSerializer.paths.size(), 2U); // kept after the read
     EXPECT_EQ(shortSerializer.paths[1].getPathString(),
@@ -253,7 +198,6 @@ TEST(JsonPath, LeadsToMembersAndElements) {
     EXPECT_TRUE(path.isOptionalSet("d"));
     EXPECT_FALSE(path.contains("e") || path.isOptionalSet("e"));
     EXPECT_EQ(JsonPath(Json()).getPathString(), "");
-    EXPECT_TRUE(JsonPath(Json()).getPath().empty());
     EXPECT_THAT(
         [&] { path.makePathToKey("e"); },
         ThrowsMessage<ParsingError>("[json.exception.out_of_range.403] key 'e' not found at [12].a.b"));

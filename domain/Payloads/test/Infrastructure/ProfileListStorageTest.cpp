@@ -5,7 +5,6 @@
 
 #include <fstream>
 #include <gmock/gmock.h>
-#include <iterator>
 #include <unistd.h>
 
 namespace norel::Desktop::Domain::Payloads::Test {
@@ -13,10 +12,10 @@ namespace {
 
 using Desktop::Test::InMemoryTextFileStorage;
 using Desktop::Test::ScriptedHttpClient;
-using testing::HasSubstr;
 using testing::ThrowsMessage;
 using InvalidContent = ProfileListStorage::InvalidContent;
 using CannotRead = ProfileListStorage::CannotReadProfileList;
+using CannotWrite = ProfileListStorage::CannotWriteProfileList;
 using HttpClient = Networking::Http::HttpClient;
 
 const auto serializer = std::make_shared<JsonProfileListSerializer>();
@@ -29,24 +28,16 @@ struct BrokenDocument {
     BrokenDocument() { text.replace(text.find("\"name\": \"name\""), 14, "\"name\": \"\""); }
 };
 
-std::string messageOf(const std::string& text) {
-    try {
-        serializer->deserialize(text);
-    } catch (const ProfileListSerializer::ParsingError& error) {
-        return error.what();
-    }
-    return "it is a document";
-}
+const std::string NO_VALUE =
+    "[json.exception.parse_error.101] parse error at line 1, column 1: syntax error while "
+    "parsing value - invalid literal; last read: '<'";
 
 class ProfileListFileStorageTest : public testing::Test {
 protected:
     ProfileListFileStorageTest() { std::filesystem::create_directory(folder); }
     ~ProfileListFileStorageTest() override { std::filesystem::remove_all(folder); }
 
-    std::string content() const {
-        std::ifstream stream(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
+    std::string content() const { return durable->read(file); }
 
     const std::filesystem::path folder =
         std::filesystem::temp_directory_path() / ("norel-payloads-test-" + std::to_string(::getpid()));
@@ -75,10 +66,10 @@ TEST_F(ProfileListFileStorageTest, MakesAnEmptyFileWhereThereIsNoneAndKeepsItsLi
 }
 
 TEST_F(ProfileListFileStorageTest, LeavesWhateverIsThereAndReportsFailuresOnUse) {
-    std::ofstream(file) << "[\r\n";
+    std::ofstream(file) << "<\r\n";
     ProfileListFileStorage storage(file, durable, serializer);
-    EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<InvalidContent>(messageOf("[\r\n")));
-    EXPECT_EQ(content(), "[\r\n");
+    EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<InvalidContent>(NO_VALUE));
+    EXPECT_EQ(content(), "<\r\n");
     const BrokenDocument broken;
     std::ofstream(file) << broken.text;
     EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>(broken.message));
@@ -86,13 +77,9 @@ TEST_F(ProfileListFileStorageTest, LeavesWhateverIsThereAndReportsFailuresOnUse)
 
     EXPECT_NO_THROW(ProfileListFileStorage(folder, durable, serializer));
     ProfileListFileStorage nowhere(folder / "none" / "profiles.json", durable, serializer);
-    std::string cause;
-    try {
-        durable->read(folder / "none" / "profiles.json");
-    } catch (const std::exception& error) {
-        cause = error.what();
-    }
-    EXPECT_THAT([&] { nowhere.read(); }, ThrowsMessage<CannotRead>(cause));
+    EXPECT_THAT([&] { nowhere.read(); },
+                ThrowsMessage<CannotRead>("cannot read \"" + folder.string() +
+                                          "/none/profiles.json\": No such file or directory"));
     try {
         ProfileListFileStorage(file / "inside a file", durable, serializer); // is no failure to tell
         ProfileListFileStorage(folder / std::string(5000, 'x'), durable, serializer);
@@ -105,25 +92,23 @@ TEST_F(ProfileListFileStorageTest, LeavesWhateverIsThereAndReportsFailuresOnUse)
 TEST_F(ProfileListFileStorageTest, CarriesTheStoresMessagesUnchanged) {
     ProfileListFileStorage storage(file, memory, serializer);
     memory->failRead = memory->failWrite =
-        memory->failRemove = [] { throw std::runtime_error("disk: \"full\"\n"); };
-    EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>("disk: \"full\"\n"));
-    EXPECT_THAT([&] { storage.write({}); },
-                ThrowsMessage<ProfileListStorage::CannotWriteProfileList>("disk: \"full\"\n"));
+        memory->failRemove = [] { throw std::runtime_error("\"full\"\n"); };
+    EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>("\"full\"\n"));
+    EXPECT_THAT([&] { storage.write({}); }, ThrowsMessage<CannotWrite>("\"full\"\n"));
     EXPECT_THAT([&] { storage.remove(); },
-                ThrowsMessage<ProfileListStorage::CannotRemoveProfileList>("disk: \"full\"\n"));
+                ThrowsMessage<ProfileListStorage::CannotRemoveProfileList>("\"full\"\n"));
     memory->failRead = memory->failWrite = memory->failRemove = [] { throw std::logic_error("odd"); };
     EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>("odd"));
-    EXPECT_THAT([&] { storage.write({}); }, ThrowsMessage<ProfileListStorage::CannotWriteProfileList>("odd"));
+    EXPECT_THAT([&] { storage.write({}); }, ThrowsMessage<CannotWrite>("odd"));
     EXPECT_THAT([&] { storage.remove(); }, ThrowsMessage<std::logic_error>("odd"));
     memory->failRead = [] { throw 5; };
     EXPECT_THROW(storage.read(), int);
-    Profile::Builder builder = makeProfile(1, "\xff"); // no UTF-8, so no JSON
-    ProfileList list;
-    Profile profile = builder.build();
-    list.add(profile);
     memory->writes = 0;
-    EXPECT_THAT([&] { storage.write(list); },
-                ThrowsMessage<ProfileListStorage::CannotWriteProfileList>(HasSubstr("invalid UTF-8 byte")));
+    EXPECT_THAT(
+        [&] {
+            storage.write(makeList({{1, "\xff"}}));
+        }, // no UTF-8, so no JSON
+        ThrowsMessage<CannotWrite>("[json.exception.type_error.316] invalid UTF-8 byte at index 0: 0xFF"));
     EXPECT_EQ(memory->writes, 0);
 }
 
@@ -168,7 +153,7 @@ TEST(ProfileListHttpStorage, TurnsEveryFailureIntoAStorageError) {
                               Utils::ConvertToGenericString::convertToGenericString(response) + "."));
     }
     client->answer = [] { return HttpClient::Response{200, "<html>"}; };
-    EXPECT_THAT(read, ThrowsMessage<InvalidContent>(messageOf("<html>")));
+    EXPECT_THAT(read, ThrowsMessage<InvalidContent>(NO_VALUE));
     const BrokenDocument broken;
     client->answer = [&] { return HttpClient::Response{200, broken.text}; };
     EXPECT_THAT(read, ThrowsMessage<CannotRead>(broken.message));
