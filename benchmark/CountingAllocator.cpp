@@ -1,15 +1,17 @@
 #include "CountingAllocator.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <malloc.h>
 #include <new>
 
 namespace {
 
+bool isCounting = false; // not while times are taken
 std::size_t allocations = 0;
-std::size_t heldBytes = 0;
-std::size_t peakBytes = 0;
+std::ptrdiff_t heldBytes = 0;
+std::ptrdiff_t peakBytes = 0;
 
 } // namespace
 
@@ -17,14 +19,17 @@ void* operator new(std::size_t size) {
     void* const memory = std::malloc(std::max<std::size_t>(size, 1));
     if (!memory)
         throw std::bad_alloc();
-    ++allocations;
-    heldBytes += malloc_usable_size(memory);
-    peakBytes = std::max(peakBytes, heldBytes);
+    if (isCounting) {
+        ++allocations;
+        heldBytes += static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
+        peakBytes = std::max(peakBytes, heldBytes);
+    }
     return memory;
 }
 
 void operator delete(void* memory) noexcept {
-    heldBytes -= memory ? malloc_usable_size(memory) : 0;
+    if (isCounting)
+        heldBytes -= static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
     std::free(memory);
 }
 
@@ -32,12 +37,16 @@ void operator delete(void* memory, std::size_t /*size*/) noexcept { operator del
 
 namespace norel::Benchmark {
 
-HeapCounter::HeapCounter() : allocationsBefore(::allocations), bytesBefore(heldBytes) {
-    ::peakBytes = heldBytes;
+HeapCounter::HeapCounter() {
+    ::allocations = 0;
+    heldBytes = ::peakBytes = 0;
+    isCounting = true;
 }
 
-std::size_t HeapCounter::allocations() const { return ::allocations - allocationsBefore; }
+HeapCounter::~HeapCounter() { isCounting = false; }
 
-std::size_t HeapCounter::peakBytes() const { return ::peakBytes - bytesBefore; }
+std::size_t HeapCounter::allocations() const { return ::allocations; }
+
+std::size_t HeapCounter::peakBytes() const { return static_cast<std::size_t>(::peakBytes); }
 
 } // namespace norel::Benchmark
