@@ -7,6 +7,8 @@
 #include "norel/Desktop/Domain/Payloads/Payloads.h"
 
 #include <cstdio>
+#include <limits>
+#include <malloc.h>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
@@ -240,6 +242,9 @@ int checkAllocations() {
 int main(int argc, char** argv) {
     if (argc == 2 && std::string_view(argv[1]) == "--check-allocations")
         return checkAllocations();
+    // Freed memory is kept: given back to the system, it would come back page by page in the time of whatever
+    // row is next.
+    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;

@@ -243,8 +243,11 @@ struct Json::Internals {
 Json::Json() noexcept { new (own) ordered_json(); }
 
 Json::~Json() {
-    release(Internals::own(*this));
-    Internals::own(*this).~basic_json();
+    ordered_json& value = Internals::own(*this);
+    if (value.is_null()) // what was moved from, mostly; it owns nothing
+        return;
+    release(value);
+    value.~basic_json();
 }
 
 Json::Json(int number) { new (own) ordered_json(number); }
