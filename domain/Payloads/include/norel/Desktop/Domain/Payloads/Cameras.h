@@ -60,6 +60,7 @@ class NOREL_PAYLOADS_EXPORT Cameras {
 public:
     struct Builder;
 
+    /// Valid as long as this value: of a getter's copy, keep the copy.
     const std::vector<Camera>& getListOfCameras() const { return fields.listOfCameras; }
 
     bool operator==(const Cameras&) const = default;

@@ -83,6 +83,7 @@ class NOREL_PAYLOADS_EXPORT FieldOfViews {
 public:
     struct Builder;
 
+    /// Valid as long as this value: of a getter's copy, keep the copy.
     const std::vector<FieldOfView>& getListOfFieldOfViews() const { return fields.listOfFieldOfViews; }
 
     bool operator==(const FieldOfViews&) const = default;
