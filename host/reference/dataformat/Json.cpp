@@ -80,8 +80,9 @@ void growMembers(ordered_json::object_t& members) {
     grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
     for (const auto& member : members)
         appendMember(grown, member.first, nullptr);
-    for (std::size_t i = 0; i < members.size(); ++i) // which cannot fail
-        grown.begin()[i].second = std::move(members.begin()[i].second);
+    auto place = grown.begin();
+    for (auto& member : members) // which cannot fail
+        (place++)->second = std::move(member.second);
     members.swap(grown);
 }
 
