@@ -19,16 +19,14 @@ namespace {
 void release(ordered_json& value, std::size_t depth = Json::MAXIMUM_DEPTH) {
     if (depth == 0)
         return;
-    if (value.is_object()) {
-        auto& members = value.get_ref<ordered_json::object_t&>();
-        for (auto& member : members)
+    if (auto* members = value.get_ptr<ordered_json::object_t*>()) {
+        for (auto& member : *members)
             release(member.second, depth - 1);
-        members.clear();
-    } else if (value.is_array()) {
-        auto& elements = value.get_ref<ordered_json::array_t&>();
-        for (ordered_json& element : elements)
+        members->clear();
+    } else if (auto* elements = value.get_ptr<ordered_json::array_t*>()) {
+        for (ordered_json& element : *elements)
             release(element, depth - 1);
-        elements.clear();
+        elements->clear();
     }
 }
 
@@ -59,11 +57,9 @@ decltype(auto) translated(const Operation& operation) {
 }
 
 const ordered_json& memberOf(const ordered_json& object, const std::string& key) {
-    if (object.is_object()) {
-        const auto& members = object.get_ref<const ordered_json::object_t&>();
-        if (const auto member = members.find(key); member != members.end())
+    if (const auto* members = object.get_ptr<const ordered_json::object_t*>())
+        if (const auto member = members->find(key); member != members->end())
             return member->second;
-    }
     return translated([&]() -> const ordered_json& { return object.at(key); }); // which says why not
 }
 
@@ -88,17 +84,17 @@ void growMembers(ordered_json::object_t& members) {
 
 void setMember(ordered_json& object, const std::string& key, ordered_json&& value) {
     if (object.is_null())
-        object = ordered_json::object();
-    if (!object.is_object())
-        translated([&] { object[key] = nullptr; }); // which says why not
-    auto& members = object.get_ref<ordered_json::object_t&>();
-    if (const auto member = members.find(key); member != members.end()) {
+        object = ordered_json(ordered_json::value_t::object);
+    auto* members = object.get_ptr<ordered_json::object_t*>();
+    if (!members)
+        return translated([&] { object[key] = nullptr; }); // which says why not
+    if (const auto member = members->find(key); member != members->end()) {
         member->second = std::move(value);
         return;
     }
-    if (members.size() == members.capacity())
-        growMembers(members);
-    appendMember(members, key, std::move(value));
+    if (members->size() == members->capacity())
+        growMembers(*members);
+    appendMember(*members, key, std::move(value));
 }
 
 /// The integer modulo 2^32; a fraction is cut off.
@@ -134,18 +130,17 @@ std::map<std::string, Number> convertToMap(const ordered_json& value) {
 
 /// Throws for what fromString would not read back.
 void checkIsReadable(const ordered_json& value, std::size_t depth = 0) {
-    if (value.is_number_float() && !std::isfinite(value.get_ref<const double&>()))
+    if (const auto* number = value.get_ptr<const double*>(); number && !std::isfinite(*number))
         throw Json::JsonError("JSON cannot hold a number that is not finite");
     if (value.is_structured() && depth == Json::MAXIMUM_DEPTH)
         throw tooDeep();
-    if (value.is_array())
-        for (const ordered_json& element : value.get_ref<const ordered_json::array_t&>())
+    if (const auto* elements = value.get_ptr<const ordered_json::array_t*>())
+        for (const ordered_json& element : *elements)
             checkIsReadable(element, depth + 1);
-    if (value.is_object()) {
-        const auto& members = value.get_ref<const ordered_json::object_t&>();
-        if (members.size() > Json::MAXIMUM_MEMBERS)
+    if (const auto* members = value.get_ptr<const ordered_json::object_t*>()) {
+        if (members->size() > Json::MAXIMUM_MEMBERS)
             throw tooManyMembers();
-        for (const auto& member : members)
+        for (const auto& member : *members)
             checkIsReadable(member.second, depth + 1);
     }
 }
@@ -350,7 +345,7 @@ void Json::reserve(std::size_t members) {
     if (!isNull())
         return;
     ordered_json& value = Internals::write(*this);
-    value = ordered_json::object();
+    value = ordered_json(ordered_json::value_t::object);
     value.get_ref<ordered_json::object_t&>().reserve(members);
 }
 
