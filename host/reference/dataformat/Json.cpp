@@ -313,6 +313,25 @@ std::string Json::toString(int indent) const {
     return translated([&] { return value.dump(indent); });
 }
 
+std::string Json::arrayToString(std::size_t size, const std::function<Json(std::size_t)>& makeElement,
+                                int indent) {
+    if (size == 0)
+        return "[]";
+    const auto blanks = static_cast<unsigned int>(std::max(indent, 0));
+    const std::string lineStart = indent < 0 ? std::string() : std::string(1, '\n').append(blanks, ' ');
+    std::string text = "[";
+    // what dump() makes anew for every text
+    nlohmann::detail::serializer<ordered_json> serializer(nlohmann::detail::output_adapter<char>(text), ' ');
+    for (std::size_t i = 0; i < size; ++i) {
+        const Json element = makeElement(i);
+        const ordered_json& value = Internals::read(element);
+        checkIsReadable(value, 1);
+        text.append(i == 0 ? "" : ",").append(lineStart);
+        translated([&] { serializer.dump(value, indent >= 0, false, blanks, blanks); });
+    }
+    return text += indent < 0 ? "]" : "\n]";
+}
+
 bool Json::contains(const std::string& key) const { return Internals::read(*this).contains(key); }
 
 bool Json::isNull() const { return Internals::read(*this).is_null(); }

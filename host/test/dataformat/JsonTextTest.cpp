@@ -19,6 +19,16 @@ TEST(JsonText, ReadsBackWhatItWrites) {
         EXPECT_EQ(Json::fromString(Json(number).toString(4)).as<double>(), number);
 }
 
+TEST(JsonText, ArrayOfElementsMadeOneByOneIsThatOfTheWhole) {
+    Json object;
+    object.set("list", std::vector<std::string>{"a", "b"});
+    for (const std::vector<Json>& array : {std::vector<Json>{}, {Json(1)}, {object, Json(), object}})
+        for (const int indent : {-1, 0, 4})
+            EXPECT_EQ(Json::arrayToString(
+                          array.size(), [&](std::size_t i) { return array[i]; }, indent),
+                      Json(array).toString(indent));
+}
+
 TEST(JsonText, LastOfSeveralMembersOfOneNameCounts) {
     EXPECT_EQ(Json::fromString(R"({"a":1,"b":[2],"a":{"x":1,"x":2},"c":3,"b":4})").toString(-1),
               R"({"a":{"x":2},"b":4,"c":3})");
@@ -78,7 +88,7 @@ TEST(JsonText, IsNotWrittenWhereItWouldNotBeReadBack) {
     Json key;
     key.set("\xC3", 1);
     Json deep;
-    for (std::size_t i = 0; i <= Json::MAXIMUM_DEPTH; ++i)
+    for (std::size_t i = 0; i < Json::MAXIMUM_DEPTH; ++i)
         deep = Json(std::vector<Json>{deep});
     std::map<std::string, int> members;
     while (members.size() <= Json::MAXIMUM_MEMBERS)
@@ -87,12 +97,19 @@ TEST(JsonText, IsNotWrittenWhereItWouldNotBeReadBack) {
         {Json(std::numeric_limits<double>::infinity()), "JSON cannot hold a number that is not finite"},
         {Json(std::map<std::string, double>{{"n", std::numeric_limits<double>::quiet_NaN()}}),
          "JSON cannot hold a number that is not finite"},
-        {deep, "arrays and objects nest deeper than 100 levels"},
+        {Json(std::vector<Json>{deep}), "arrays and objects nest deeper than 100 levels"},
         {Json(members), "an object has more than 1000 members"},
         {Json("a\xFF"), "[json.exception.type_error.316] invalid UTF-8 byte at index 1: 0xFF"},
         {key, "[json.exception.type_error.316] incomplete UTF-8 string; last byte: 0xC3"}};
     for (const auto& [json, message] : cases)
         EXPECT_THAT([&json = json] { json.toString(4); }, ThrowsMessage<Json::JsonError>(message));
+    for (const auto& [element, message] : {cases[0], cases[4], std::pair(deep, cases[2].second)})
+        EXPECT_THAT(
+            [&made = element] {
+                Json::arrayToString(
+                    1, [&](std::size_t) { return made; }, 4);
+            },
+            ThrowsMessage<Json::JsonError>(message));
 }
 
 } // namespace

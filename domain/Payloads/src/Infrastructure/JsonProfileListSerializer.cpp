@@ -4,6 +4,8 @@
 #include "ParsingErrors.h"
 #include "norel/Desktop/DateTime/DateTimeConversion.h"
 
+#include <typeinfo>
+
 namespace norel::Desktop::Domain::Payloads {
 namespace {
 
@@ -11,6 +13,8 @@ using Json = DataFormat::Json;
 using JsonPath = JsonProfileListSerializer::JsonPath;
 using Options = JsonProfileListSerializer::Options;
 using Serializer = JsonProfileListSerializer;
+
+constexpr int INDENTATION = 4;
 
 template <typename Value>
 Json writeObject(const Serializer& serializer, const Value& value, Options options) {
@@ -43,6 +47,17 @@ Json writeArray(const Serializer& serializer, const Items& items) {
     for (const auto& item : items)
         elements.push_back(serializer.toJson(item, Options()));
     return Json(std::move(elements));
+}
+
+/// The text of the array, made from one small tree an item where the host can, which its contract does not
+/// ask for.
+template <typename AnyJson, typename Items>
+std::string writeArrayText(const Serializer& serializer, const Items& items) {
+    const auto makeElement = [&](std::size_t i) { return serializer.toJson(items[i], Options()); };
+    if constexpr (requires { AnyJson::arrayToString(items.size(), makeElement, INDENTATION); })
+        return AnyJson::arrayToString(items.size(), makeElement, INDENTATION);
+    else
+        return writeArray(serializer, items).toString(INDENTATION);
 }
 
 /// Reads each element into a fresh item and hands it to `take`.
@@ -85,7 +100,9 @@ ProfileListSerializer::ParsingError::~ParsingError() = default;
 ProfileListSerializer::~ProfileListSerializer() = default;
 
 std::string Serializer::serialize(const ProfileList& list) const {
-    return toJson(list, Options()).toString(4);
+    if (typeid(*this) != typeid(Serializer)) // it may write a list in a way of its own
+        return toJson(list, Options()).toString(INDENTATION);
+    return writeArrayText<Json>(*this, ValueAccess::profilesOf(list));
 }
 
 ProfileList Serializer::deserialize(const std::string& text) const {

@@ -1,6 +1,7 @@
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 
 #include "Sample.h"
+#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -179,6 +180,19 @@ TEST(Serializer, LetsADerivedOneOverrideASectionWhereverItOccurs) {
     EXPECT_EQ(shortSerializer.paths[1].getPathString(),
               "[0].lidar.ground_classification.hull_processing.segmentation");
     EXPECT_EQ(shortSerializer.paths[1].getValue().getAsString(), "segmentation");
+}
+
+TEST(Serializer, LetsADerivedOneOverrideTheList) {
+    struct Inheriting : Serializer {};
+    struct Counting : Serializer {
+        Json toJson(const ProfileList& value, Options /*options*/) const override {
+            return Json(static_cast<int>(value.list().size()));
+        }
+    };
+    EXPECT_EQ(Counting().serialize(makeFullList()), "1");
+    const ProfileList factory = serializer.deserialize(DefaultProducts::getSourceDocument());
+    for (const ProfileList& list : {ProfileList(), makeFullList(), factory})
+        EXPECT_EQ(Inheriting().serialize(list), Serializer().serialize(list));
 }
 
 TEST(JsonPath, LeadsToMembersAndElements) {

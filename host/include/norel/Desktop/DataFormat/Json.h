@@ -3,6 +3,7 @@
 #include "norel/Desktop/DataFormat/Export.h"
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -84,6 +85,12 @@ public:
     /// Throws JsonError for what fromString would not read back: a number that JSON cannot hold, a text that
     /// is not UTF-8, or a value beyond MAXIMUM_DEPTH or MAXIMUM_MEMBERS.
     std::string toString(int indent) const;
+
+    /// The text, as toString gives it, of the array of `size` elements. `makeElement` is called for each in
+    /// turn with its position, and what it makes is let go of before the next: the array is never held as a
+    /// whole.
+    static std::string arrayToString(std::size_t size, const std::function<Json(std::size_t)>& makeElement,
+                                     int indent);
 
     /// Whether this is an object with a member of that name.
     bool contains(const std::string& key) const;
