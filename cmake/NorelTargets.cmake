@@ -14,7 +14,8 @@ function(norel_configure_target target)
     endif()
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wold-style-cast -Wimplicit-fallthrough
-        $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:-Werror>)
+        $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:-Werror>
+        -fno-plt) # the libraries call one another for every member of a document
     if(NOREL_SANITIZERS)
         target_compile_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS} -fno-sanitize-recover=all)
         target_link_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS})
