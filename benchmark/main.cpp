@@ -6,6 +6,7 @@
 #include "RatioTable.h"
 #include "norel/Desktop/Domain/Payloads/Payloads.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <limits>
 #include <malloc.h>
@@ -126,28 +127,31 @@ void merge(benchmark::State& state) {
 constexpr std::size_t MANY = 1400;
 constexpr std::size_t FEW = 140;
 constexpr std::size_t MOST = 14000;
+constexpr int REPETITIONS = 9;
 
+/// Rows of one size stand together, so that what is compared runs within a few seconds.
 void registerRows() {
-    using Row = void (*)(benchmark::State&);
-    const auto registerRow = [](const char* name, Row row) {
-        return benchmark::RegisterBenchmark(name, row)
-            ->Unit(benchmark::kMillisecond)
-            ->Arg(FACTORY_PROFILES)
-            ->Arg(MANY);
+    struct Row {
+        const char* name;
+        void (*run)(benchmark::State&);
+        std::vector<std::size_t> sizes;
     };
-    for (const auto& [name, row] : std::initializer_list<std::pair<const char*, Row>>{
-             {"parse", parse}, {"dump", dump}, {"deserialize", deserialize}, {"serialize", serialize}})
-        registerRow(name, row)->Arg(FEW)->Arg(MOST);
-    for (const auto& [name, row] : std::initializer_list<std::pair<const char*, Row>>{
-             {"copy", copy}, {"compare", compare}, {"add", add}})
-        registerRow(name, row)->Arg(MOST);
-    for (const auto& [name, row] :
-         std::initializer_list<std::pair<const char*, Row>>{{"read by hand", readByHand},
-                                                            {"write by hand", writeByHand},
-                                                            {"upgrade step", upgradeStep},
-                                                            {"add or update", addOrUpdate},
-                                                            {"merge", merge}})
-        registerRow(name, row);
+    const Row rows[] = {{"parse", parse, {FACTORY_PROFILES, MANY, FEW, MOST}},
+                        {"deserialize", deserialize, {FACTORY_PROFILES, MANY, FEW, MOST}},
+                        {"read by hand", readByHand, {FACTORY_PROFILES, MANY}},
+                        {"dump", dump, {FACTORY_PROFILES, MANY, FEW, MOST}},
+                        {"serialize", serialize, {FACTORY_PROFILES, MANY, FEW, MOST}},
+                        {"write by hand", writeByHand, {FACTORY_PROFILES, MANY}},
+                        {"copy", copy, {FACTORY_PROFILES, MANY, MOST}},
+                        {"compare", compare, {FACTORY_PROFILES, MANY, MOST}},
+                        {"add", add, {FACTORY_PROFILES, MANY, MOST}},
+                        {"upgrade step", upgradeStep, {FACTORY_PROFILES, MANY}},
+                        {"add or update", addOrUpdate, {FACTORY_PROFILES, MANY}},
+                        {"merge", merge, {FACTORY_PROFILES, MANY}}};
+    for (const std::size_t profiles : {FACTORY_PROFILES, MANY, FEW, MOST})
+        for (const Row& row : rows)
+            if (std::count(row.sizes.begin(), row.sizes.end(), profiles))
+                benchmark::RegisterBenchmark(row.name, row.run)->Arg(static_cast<std::int64_t>(profiles));
 }
 
 void printRatios(const RatioTable& table) {
@@ -256,7 +260,8 @@ int main(int argc, char** argv) {
         return 2;
     registerRows();
     RatioTable table;
-    benchmark::RunSpecifiedBenchmarks(&table);
+    for (int repetition = 0; repetition < REPETITIONS; ++repetition)
+        benchmark::RunSpecifiedBenchmarks(&table);
     printRatios(table);
     printHeapUse();
 }
