@@ -67,7 +67,10 @@ std::string readKey(const Source& source) {
 std::shared_ptr<ProfileListStorage> openAddress(const Context& context, const Source& source) {
     if (source.location.find_first_of("?#") != std::string::npos)
         throw Failure(source.getName(), "a base address has no query and no fragment");
-    const std::size_t path = source.location.find('/', source.location.find("//") + 2);
+    const std::size_t host = source.location.find("//") + 2;
+    const std::size_t path = source.location.find('/', host);
+    if (host == path || host == source.location.size())
+        throw Failure(source.getName(), "the address names no host");
     if (path != std::string::npos && source.location.find('@', path) != std::string::npos)
         throw Failure(source.getName(), "an @ in the path is written %40, a / in a password %2F");
     const std::string baseUrl = source.location + (source.location.back() == '/' ? "" : "/");
