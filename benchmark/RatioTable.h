@@ -8,8 +8,7 @@
 namespace norel::Benchmark {
 
 /// Keeps the times of every repetition, and prints how the rows compare. A repetition runs all rows before
-/// the next begins: the k-th time of one row is paired with the k-th of another, which was taken soon before
-/// or after.
+/// the next begins; the k-th time of one row is paired with the k-th of another.
 class RatioTable : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context& context) override;

@@ -27,8 +27,7 @@ const std::string& documentOf(const benchmark::State& state) {
 
 ProfileList read(const std::string& document) { return JsonProfileListSerializer().deserialize(document); }
 
-/// Times the operation after a first run, which pays for what came before: the heap sorts late what was
-/// freed.
+/// Times the operation after a first run, in which the heap puts in order what earlier rows freed.
 template <typename Operation>
 void measure(benchmark::State& state, const Operation& operation) {
     const auto run = [&] {
@@ -129,7 +128,7 @@ constexpr std::size_t FEW = 140;
 constexpr std::size_t MOST = 14000;
 constexpr int REPETITIONS = 9;
 
-/// Rows of one size stand together, so that what is compared runs within a few seconds.
+/// Rows of one size stand together, so that those that are compared run within a few seconds.
 void registerRows() {
     struct Row {
         const char* name;
@@ -261,7 +260,8 @@ int main(int argc, char** argv) {
     registerRows();
     RatioTable table;
     for (int repetition = 0; repetition < REPETITIONS; ++repetition)
-        benchmark::RunSpecifiedBenchmarks(&table);
+        if (benchmark::RunSpecifiedBenchmarks(&table) == 0)
+            return 2; // and it has said why
     printRatios(table);
     printHeapUse();
 }

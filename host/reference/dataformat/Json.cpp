@@ -14,6 +14,8 @@ using nlohmann::ordered_json;
 
 namespace {
 
+constexpr int MAXIMUM_INDENTATION = 512; // with more, deep levels run out of the JSON library's blanks
+
 /// Destroys what a value holds, where its own destructor would gather all of it on a heap of its own first.
 /// Values deeper than any text may be are left to that destructor.
 void release(ordered_json& value, std::size_t depth = Json::MAXIMUM_DEPTH) {
@@ -310,17 +312,17 @@ Json Json::fromString(const std::string& text) { return Internals::make(parseJso
 std::string Json::toString(int indent) const {
     const ordered_json& value = Internals::read(*this);
     checkIsReadable(value);
-    return translated([&] { return value.dump(indent); });
+    return translated([&] { return value.dump(std::min(indent, MAXIMUM_INDENTATION)); });
 }
 
 std::string Json::arrayToString(std::size_t size, const std::function<Json(std::size_t)>& makeElement,
                                 int indent) {
     if (size == 0)
         return "[]";
-    const auto blanks = static_cast<unsigned int>(std::max(indent, 0));
+    const auto blanks = static_cast<unsigned int>(std::clamp(indent, 0, MAXIMUM_INDENTATION));
     const std::string lineStart = indent < 0 ? std::string() : std::string(1, '\n').append(blanks, ' ');
     std::string text = "[";
-    // what dump() makes anew for every text
+    // one for all elements, of which dump() would make one each
     nlohmann::detail::serializer<ordered_json> serializer(nlohmann::detail::output_adapter<char>(text), ' ');
     for (std::size_t i = 0; i < size; ++i) {
         const Json element = makeElement(i);

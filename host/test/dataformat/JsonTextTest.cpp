@@ -23,7 +23,7 @@ TEST(JsonText, ArrayOfElementsMadeOneByOneIsThatOfTheWhole) {
     Json object;
     object.set("list", std::vector<std::string>{"a", "b"});
     for (const std::vector<Json>& array : {std::vector<Json>{}, {Json(1)}, {object, Json(), object}})
-        for (const int indent : {-1, 0, 4})
+        for (const int indent : {-1, 0, 4, 2000})
             EXPECT_EQ(Json::arrayToString(
                           array.size(), [&](std::size_t i) { return array[i]; }, indent),
                       Json(array).toString(indent));
@@ -88,8 +88,11 @@ TEST(JsonText, IsNotWrittenWhereItWouldNotBeReadBack) {
     Json key;
     key.set("\xC3", 1);
     Json deep;
-    for (std::size_t i = 0; i < Json::MAXIMUM_DEPTH; ++i)
+    for (std::size_t i = 1; i < Json::MAXIMUM_DEPTH; ++i)
         deep = Json(std::vector<Json>{deep});
+    EXPECT_NO_THROW(Json::arrayToString(
+        1, [&](std::size_t) { return deep; }, -1));
+    deep = Json(std::vector<Json>{deep});
     std::map<std::string, int> members;
     while (members.size() <= Json::MAXIMUM_MEMBERS)
         members.emplace(std::to_string(members.size()), 0);

@@ -100,9 +100,13 @@ ProfileListSerializer::ParsingError::~ParsingError() = default;
 ProfileListSerializer::~ProfileListSerializer() = default;
 
 std::string Serializer::serialize(const ProfileList& list) const {
-    if (typeid(*this) != typeid(Serializer)) // it may write a list in a way of its own
-        return toJson(list, Options()).toString(INDENTATION);
-    return writeArrayText<Json>(*this, ValueAccess::profilesOf(list));
+    if (typeid(*this) == typeid(Serializer)) { // a derived one may override toJson of the list
+        try {
+            return writeArrayText<Json>(*this, ValueAccess::profilesOf(list));
+        } catch (const Json::JsonError&) { // the whole list tells which of its errors comes first
+        }
+    }
+    return toJson(list, Options()).toString(INDENTATION);
 }
 
 ProfileList Serializer::deserialize(const std::string& text) const {

@@ -4,6 +4,7 @@
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 
 #include <gmock/gmock.h>
+#include <limits>
 #include <nlohmann/json.hpp>
 
 namespace norel::Desktop::Domain::Payloads::Test {
@@ -189,10 +190,21 @@ TEST(Serializer, LetsADerivedOneOverrideTheList) {
             return Json(static_cast<int>(value.list().size()));
         }
     };
+    const Inheriting inheriting;
     EXPECT_EQ(Counting().serialize(makeFullList()), "1");
     const ProfileList factory = serializer.deserialize(DefaultProducts::getSourceDocument());
     for (const ProfileList& list : {ProfileList(), makeFullList(), factory})
-        EXPECT_EQ(Inheriting().serialize(list), Serializer().serialize(list));
+        EXPECT_EQ(inheriting.serialize(list), serializer.serialize(list));
+
+    ProfileList wrong = makeList({{1, "\xFF"}});
+    Profile::Builder builder;
+    const Sample sample(builder);
+    builder.lidar->imuLatency.maximum = std::numeric_limits<double>::infinity();
+    Profile infinite = builder.build();
+    wrong.add(infinite);
+    for (const Serializer* each : {&serializer, static_cast<const Serializer*>(&inheriting)})
+        EXPECT_THAT([&] { each->serialize(wrong); },
+                    ThrowsMessage<Json::JsonError>("JSON cannot hold a number that is not finite"));
 }
 
 TEST(JsonPath, LeadsToMembersAndElements) {

@@ -81,14 +81,14 @@ public:
     /// one counts.
     static Json fromString(const std::string& text);
 
-    /// The JSON text, one element or member a line with `indent` blanks a level; on one line when negative.
-    /// Throws JsonError for what fromString would not read back: a number that JSON cannot hold, a text that
-    /// is not UTF-8, or a value beyond MAXIMUM_DEPTH or MAXIMUM_MEMBERS.
+    /// The JSON text, one element or member a line with `indent` blanks a level, at most 512; on one line
+    /// when negative. Throws JsonError for what fromString would not read back: a number that JSON cannot
+    /// hold, a text that is not UTF-8, or a value beyond MAXIMUM_DEPTH or MAXIMUM_MEMBERS.
     std::string toString(int indent) const;
 
     /// The text, as toString gives it, of the array of `size` elements. `makeElement` is called for each in
     /// turn with its position, and what it makes is let go of before the next: the array is never held as a
-    /// whole.
+    /// whole. Throws what `makeElement` throws, and as toString for the first element that cannot be written.
     static std::string arrayToString(std::size_t size, const std::function<Json(std::size_t)>& makeElement,
                                      int indent);
 

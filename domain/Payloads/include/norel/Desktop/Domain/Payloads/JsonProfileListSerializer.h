@@ -16,7 +16,8 @@ namespace norel::Desktop::Domain::Payloads {
 /// Every type of the model has a pair of virtual operations. `toJson` gives a value's JSON; `fromJson` fills
 /// a builder from the JSON at a path, throwing ParsingError that ends in " at " and the path, and checks no
 /// rule of the model. They call one another through the virtual table, so a serializer that derives from this
-/// one and overrides a section changes it wherever it occurs.
+/// one and overrides a section changes it wherever it occurs. Only this class itself writes a list without
+/// holding the JSON of all its profiles at once.
 ///
 /// Holds no state: several threads may share one.
 class NOREL_PAYLOADS_EXPORT JsonProfileListSerializer : public ProfileListSerializer {
