@@ -1,16 +1,10 @@
-# Writes the C++ source of norel_embed.
+# Writes a C++ source of norel_embed.
 file(READ ${INPUT} bytes HEX)
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
-file(WRITE ${OUTPUT} "#include <string_view>
-
-namespace ${NAMESPACE} {
-
-std::string_view ${FUNCTION}();
+file(WRITE ${OUTPUT} "#include \"${HEADER}\"
 
 std::string_view ${FUNCTION}() {
     static constexpr unsigned char bytes[] = {${bytes}};
     return {reinterpret_cast<const char*>(bytes), sizeof bytes};
 }
-
-} // namespace ${NAMESPACE}
 ")

@@ -1,12 +1,31 @@
-# norel_embed(TARGET FILE NAMESPACE FUNCTION): compiles FILE byte for byte into TARGET, where the function
-# `std::string_view NAMESPACE::FUNCTION()` gives it. A change of the file rebuilds it.
-function(norel_embed target file namespace function)
-    set(output ${CMAKE_CURRENT_BINARY_DIR}/embedded/${function}.cpp)
-    add_custom_command(
-        OUTPUT ${output}
-        COMMAND ${CMAKE_COMMAND} -DINPUT=${file} -DOUTPUT=${output} -DNAMESPACE=${namespace} -DFUNCTION=${function}
-            -P ${PROJECT_SOURCE_DIR}/cmake/EmbedFile.cmake
-        DEPENDS ${file} ${PROJECT_SOURCE_DIR}/cmake/EmbedFile.cmake
-        VERBATIM)
-    target_sources(${target} PRIVATE ${output})
+# norel_embed(TARGET NAMESPACE HEADER FILES...): compiles the files byte for byte into TARGET. HEADER, generated for the
+# sources of TARGET, declares a function `std::string_view NAMESPACE::NAME()` for each, where NAME is the file's name
+# without extension and hyphens ("version-2.json" gives version2()). A change of a file rebuilds it.
+function(norel_embed target namespace header)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/embedded)
+    set(declarations)
+    foreach(file IN LISTS ARGN)
+        get_filename_component(file ${file} ABSOLUTE)
+        get_filename_component(name ${file} NAME_WE)
+        string(REPLACE "-" "" name ${name})
+        string(APPEND declarations "std::string_view ${name}();\n")
+        add_custom_command(
+            OUTPUT ${folder}/${name}.cpp
+            COMMAND ${CMAKE_COMMAND} -DINPUT=${file} -DOUTPUT=${folder}/${name}.cpp -DHEADER=${header}
+                -DFUNCTION=${namespace}::${name} -P ${PROJECT_SOURCE_DIR}/cmake/EmbedFile.cmake
+            DEPENDS ${file} ${PROJECT_SOURCE_DIR}/cmake/EmbedFile.cmake
+            VERBATIM)
+        target_sources(${target} PRIVATE ${folder}/${name}.cpp)
+    endforeach()
+    file(CONFIGURE OUTPUT ${folder}/${header} @ONLY CONTENT
+"#pragma once
+
+#include <string_view>
+
+namespace ${namespace} {
+
+${declarations}
+} // namespace ${namespace}
+")
+    target_include_directories(${target} PRIVATE ${folder})
 endfunction()

@@ -9,7 +9,7 @@ namespace norel::Desktop::PayloadProfiles {
 namespace {
 
 using DataFormat::Json;
-using Domain::Payloads::ProfileUpgrade;
+namespace DocumentVersions = Domain::Payloads::DocumentVersions;
 
 constexpr const char* LIDAR = "lidar";
 
@@ -33,7 +33,7 @@ unsigned int findVersion(const StoredProfile& profile) {
     unsigned int version = FIRST_VERSION;
     for (unsigned int next = FIRST_VERSION + 1; next <= CURRENT_VERSION; ++next) {
         const unsigned int lackingBefore = !lacking ? next : version + 1;
-        for (const Section& section : ProfileUpgrade::getSections(next)) {
+        for (const Section& section : DocumentVersions::getSections(next)) {
             const bool has = hasSection(profile.value, section);
             if (!has && !lacking)
                 lacking = section;

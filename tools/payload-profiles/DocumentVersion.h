@@ -1,7 +1,7 @@
 #pragma once
 
 #include "norel/Desktop/DataFormat/Json.h"
-#include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 
 #include <optional>
 #include <stdexcept>
@@ -14,7 +14,7 @@ namespace norel::Desktop::PayloadProfiles {
 inline constexpr unsigned int FIRST_VERSION = 1;
 inline constexpr unsigned int CURRENT_VERSION = 5;
 
-using Section = Domain::Payloads::ProfileUpgrade::Section;
+using Section = Domain::Payloads::DocumentVersions::Section;
 
 /// "lidar.strip_adjustment"
 std::string getName(const Section& section);

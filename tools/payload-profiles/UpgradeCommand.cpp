@@ -45,7 +45,7 @@ std::string describeStep(const std::string& text, unsigned int version, bool isD
     const StoredLidars lidars(text);
     std::string step = "version " + std::to_string(version - 1) + " to " + std::to_string(version) + ":";
     const char* separator = isDryRun ? "\n  " : " ";
-    for (const Section& section : ProfileUpgrade::getSections(version)) {
+    for (const Section& section : DocumentVersions::getSections(version)) {
         step += separator + describeSection(lidars, section, isDryRun);
         separator = isDryRun ? "\n  " : ", ";
     }

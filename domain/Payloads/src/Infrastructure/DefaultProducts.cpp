@@ -1,30 +1,20 @@
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 
-#include "EmbeddedDocuments.h"
+#include "DocumentVersionTable.h"
 
 namespace norel::Desktop::Domain::Payloads::DefaultProducts {
 
-std::string getSourceDocument() { return std::string(EmbeddedDocuments::version5()); }
+std::string getSourceDocument() { return std::string(documentVersions().back().factoryDocument); }
 
-std::string getSourceDocumentVersion2() { return std::string(EmbeddedDocuments::version2()); }
+std::string getSourceDocumentVersion2() { return getSourceDocumentFromVersionInfo(2); }
 
-std::string getSourceDocumentVersion3() { return std::string(EmbeddedDocuments::version3()); }
+std::string getSourceDocumentVersion3() { return getSourceDocumentFromVersionInfo(3); }
 
-std::string getSourceDocumentVersion4() { return std::string(EmbeddedDocuments::version4()); }
+std::string getSourceDocumentVersion4() { return getSourceDocumentFromVersionInfo(4); }
 
 std::string getSourceDocumentFromVersionInfo(unsigned int version) {
-    switch (version) {
-    case 2:
-        return getSourceDocumentVersion2();
-    case 3:
-        return getSourceDocumentVersion3();
-    case 4:
-        return getSourceDocumentVersion4();
-    case 5:
-        return getSourceDocument();
-    default:
-        return {};
-    }
+    const DocumentVersion* const found = findDocumentVersion(version);
+    return found ? std::string(found->factoryDocument) : std::string();
 }
 
 } // namespace norel::Desktop::Domain::Payloads::DefaultProducts

@@ -2,6 +2,7 @@
 
 #include "DocumentKeys.h"
 #include "norel/Desktop/DataFormat/Json.h"
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 #include "norel/Desktop/Utils/StringConverter.h"
 
 #include <stdexcept>
@@ -12,9 +13,9 @@ namespace norel::Desktop::Domain::Payloads {
 namespace {
 
 using DataFormat::Json;
-using Section = ProfileUpgrade::Section;
+using DocumentVersions::Section;
 
-/// The first profile of that product, without regard to the case of its letters.
+/// The first profile of that product, ignoring the case of ASCII letters.
 Json findFactoryProfile(const Json& defaults, const std::string& product) {
     const std::string wanted = Utils::StringConverter::toUpperCase(product);
     const auto end = defaults.end();
@@ -27,10 +28,15 @@ Json findFactoryProfile(const Json& defaults, const std::string& product) {
                                 "\", is unknown.");
 }
 
-/// Copies the section, from its key at `step` on, out of the factory's part of the profile into the stored
-/// one.
+/// A null lidar is an absent one, as it is when a document is read.
+bool hasLidar(const Json& profile) {
+    return profile.contains(Keys::LIDAR) && !profile.getValue(Keys::LIDAR).isNull();
+}
+
+/// Copies the section, from its key at `step` on, from the factory profile's part of the document into the
+/// stored one's.
 void copySection(const Section& section, std::size_t step, const Json& factory, Json& stored) {
-    if (step > 0 && stored.isNull()) // which setting a member would make an object of this section alone
+    if (step > 0 && stored.isNull()) // Json::set would make it an object that holds this section alone
         throw std::invalid_argument("A profile cannot be upgraded because its \"" + section[step - 1] +
                                     "\" is null.");
     const Json value = factory.getValue(section[step]);
@@ -42,13 +48,13 @@ void copySection(const Section& section, std::size_t step, const Json& factory, 
     }
 }
 
-Json upgraded(const Json& stored, const Json& defaults, const std::vector<Section>& sections) {
+Json upgradeProfiles(const Json& stored, const Json& defaults, const std::vector<Section>& sections) {
     std::vector<Json> profiles;
     const auto end = stored.end();
     for (auto element = stored.begin(); element != end; ++element) {
         Json profile = *element;
         const Json factoryProfile = findFactoryProfile(defaults, profile.get(Keys::PRODUCT));
-        if (profile.contains(Keys::LIDAR))
+        if (hasLidar(profile))
             for (const Section& section : sections)
                 copySection(section, 0, factoryProfile, profile);
         profiles.push_back(std::move(profile));
@@ -58,32 +64,14 @@ Json upgraded(const Json& stored, const Json& defaults, const std::vector<Sectio
 
 } // namespace
 
-std::vector<Section> ProfileUpgrade::getSections(unsigned int version) {
-    using namespace Keys;
-    switch (version) {
-    case 2:
-        return {{LIDAR, STRIP_ADJUSTMENT},
-                {LIDAR, PRECISION_ENHANCEMENT, AVERAGE_POINT_CLOUD_THICKNESS},
-                {LIDAR, PRECISION_ENHANCEMENT, MORPHOLOGICAL_REJECTION, AVERAGE_POINT_CLOUD_DENSITY}};
-    case 3:
-        return {{LIDAR, GROUND_CLASSIFICATION}};
-    case 4:
-        return {{LIDAR, POINT_CLOUD_DIRECT_COLORIZATION}};
-    case 5:
-        return {{LIDAR, GROUND_CLASSIFICATION, DSM}};
-    default:
-        return {};
-    }
-}
-
 void ProfileUpgrade::upgradeToVersion(unsigned int version,
                                       const std::shared_ptr<Storage::TextFileStorage>& textFileStorage,
                                       const std::filesystem::path& path,
                                       const std::string& defaultsDocument) {
     Json stored = Json::fromString(textFileStorage->read(path));
     const Json defaults = Json::fromString(defaultsDocument);
-    if (const std::vector<Section> sections = getSections(version); !sections.empty())
-        stored = upgraded(stored, defaults, sections);
+    if (const auto sections = DocumentVersions::getSections(version); !sections.empty())
+        stored = upgradeProfiles(stored, defaults, sections);
     textFileStorage->write(path, stored.toString(4));
 }
 

@@ -11,6 +11,7 @@
 #include "norel/Desktop/Domain/Payloads/CameraAngles3.h"
 #include "norel/Desktop/Domain/Payloads/Cameras.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/FieldOfViews.h"
 #include "norel/Desktop/Domain/Payloads/Georeferencing.h"

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace norel::Desktop::Domain::Payloads {
 
@@ -14,21 +13,14 @@ namespace norel::Desktop::Domain::Payloads {
 /// version added or retuned are taken from the factory profile of the same product. Holds no state.
 class NOREL_PAYLOADS_EXPORT ProfileUpgrade {
 public:
-    /// A section of a profile object: the keys that lead to it.
-    using Section = std::vector<std::string>;
-
-    /// The sections that a version (2 to 5) added or retuned, in the order in which its step copies them;
-    /// none for any other version.
-    static std::vector<Section> getSections(unsigned int version);
-
-    /// Replaces, in every profile of the file that has a lidar, the sections that `version` (2 to 5) brought
-    /// by those of its product in `defaultsDocument`, which is
-    /// DefaultProducts::getSourceDocumentFromVersionInfo(version). The product is matched without regard to
-    /// the case of ASCII letters. Any other version changes no value,
-    /// but rewrites the file in the layout of the library.
+    /// Replaces, in every profile of the file that has a lidar (a null one counts as absent), the sections that
+    /// `version` added or retuned (DocumentVersions::getSections) by those of its product in `defaultsDocument`,
+    /// which is DefaultProducts::getSourceDocumentFromVersionInfo(version). The product is matched ignoring the
+    /// case of ASCII letters. A version without sections changes no value, but rewrites the file in the layout
+    /// of the library.
     ///
     /// The file is written once, at the end; every failure leaves it as it was. Throws std::invalid_argument
-    /// for a product that the defaults lack and for a null where a section belongs, the host's JsonError for
+    /// for a product that the defaults lack and for a null on the way to a section, the host's JsonError for
     /// a text that is not JSON or lacks a section, and what the store throws. The file must not be changed by
     /// others meanwhile.
     virtual void upgradeToVersion(unsigned int version,

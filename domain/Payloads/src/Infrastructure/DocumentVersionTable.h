@@ -1,0 +1,23 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
+
+#include <span>
+#include <string_view>
+
+namespace norel::Desktop::Domain::Payloads {
+
+/// A version of the profile-list document that another one can be upgraded to.
+struct DocumentVersion {
+    unsigned int number;
+    std::string_view factoryDocument;
+    std::vector<DocumentVersions::Section> sections; ///< what it added or retuned
+};
+
+/// In ascending order, the last one being the current version.
+std::span<const DocumentVersion> documentVersions();
+
+/// Null for a number that is not in the table.
+const DocumentVersion* findDocumentVersion(unsigned int number);
+
+} // namespace norel::Desktop::Domain::Payloads
