@@ -11,16 +11,16 @@
 
 namespace norel::Desktop::Domain::Payloads::Test {
 
-/// One member at the bottom of a Builder, holding a value that no other one holds.
+/// A member at the bottom of a Builder; its value is unique.
 struct Leaf {
-    std::function<void()> mend;   ///< gives it its own value
-    std::function<void()> change; ///< gives it another valid value
-    std::function<void()> spoil;  ///< makes it invalid; none without a rule
-    std::string refusal;          ///< the message of the spoiled member
+    std::function<void()> reset;      ///< assigns its own value
+    std::function<void()> change;     ///< assigns another valid value
+    std::function<void()> invalidate; ///< makes it invalid; empty without a rule
+    std::string message;              ///< of the invalid member
 };
 
-/// Fills a Builder, every optional and list in it included, and knows its leaves in the order in which they
-/// must be built. The Builder must stay where it is.
+/// Fills a Builder with all its optionals and lists, and lists its leaves in the order in which they must be
+/// built. The Builder must not be moved.
 class Sample {
 public:
     template <typename Builder>
@@ -35,7 +35,7 @@ private:
 
     void add(Leaf&& leaf) {
         leaves.push_back(std::move(leaf));
-        leaves.back().mend();
+        leaves.back().reset();
     }
 
     template <typename T>
@@ -61,8 +61,8 @@ private:
             std::string& text = builder.*row.member;
             const std::string wrong = "wrong " + std::to_string(nextNumber());
             add(text, std::string(row.valid[item]), std::string(row.valid[2]));
-            leaves.back().spoil = [&text, wrong] { text = wrong; };
-            leaves.back().refusal = std::string(row.refusal) + " \"" + wrong + "\" is invalid";
+            leaves.back().invalidate = [&text, wrong] { text = wrong; };
+            leaves.back().message = std::string(row.refusal) + " \"" + wrong + "\" is invalid";
         }
     }
 
@@ -71,16 +71,16 @@ private:
         using T = decltype(parameter.value);
         const T value = static_cast<T>(nextNumber() / (is<T, double> ? 1000.0 : 1.0));
         const int bound = 5000 + nextNumber();
-        const auto mend = [&parameter, value] {
+        const auto reset = [&parameter, value] {
             const T one = 1;
             parameter = {value, 0, 4000, one, {{"high", value}, {"Low", one}}, 0.01, "m"};
         };
-        const auto spoil = [&parameter, bound] {
+        const auto invalidate = [&parameter, bound] {
             parameter.presets.clear();
             parameter.minimum = parameter.maximum = parameter.defaultValue = static_cast<T>(bound);
         };
         const std::string range = std::to_string(bound) + "/" + std::to_string(bound);
-        add({mend, [&parameter] { parameter.presets["other"] = parameter.value; }, spoil,
+        add({reset, [&parameter] { parameter.presets["other"] = parameter.value; }, invalidate,
              "Profile Parameter: value (" + Utils::ConvertToGenericString::convertToGenericString(value) +
                  ") must be within min/max (" + range + ")"});
     }
@@ -129,14 +129,14 @@ private:
         visit(items[1], 1);
         // Which field of view is the default, not one alone can change.
         for (std::size_t i = first; is<Builder, FieldOfView::Builder> && i < leaves.size(); ++i)
-            if (!leaves[i].spoil)
+            if (!leaves[i].invalidate)
                 leaves[i].change = nullptr;
         const auto exchange = [&items] { std::swap(items[0], items[1]); };
         leaves.push_back({exchange, exchange, {}, {}});
     }
 };
 
-/// A list of one profile with all that a profile can hold.
+/// A list of one profile that has every optional member.
 inline ProfileList makeFullList() {
     Profile::Builder builder;
     const Sample sample(builder);

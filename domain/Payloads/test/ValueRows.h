@@ -6,12 +6,12 @@
 #include <tuple>
 #include <type_traits>
 
-/// The members of each value type in the order in which they must be built, each with its getter.
+/// The members of each value type in the order in which they must be built, each with what gets it.
 namespace norel::Desktop::Domain::Payloads::Test {
 
 using Texts = std::array<const char*, 3>;
 
-/// A text with a rule has texts that it takes, and the beginning of the message that refuses others.
+/// A text with a rule has valid texts, and the beginning of the message for invalid ones.
 template <typename Member, typename Getter>
 struct Row {
     Member member;
@@ -137,7 +137,8 @@ constexpr auto rowsOf() {
         return std::tuple(Row{&B::filter, &V::getFilter}, Row{&B::view, &V::getView},
                           Row{&B::isDefault, &V::getIsDefault});
     else if constexpr (is<V, FieldOfViews>)
-        return std::tuple(Row{&B::listOfFieldOfViews, &V::getListOfFieldOfViews});
+        return std::tuple(
+            Row{&B::listOfFieldOfViews, [](const V& value) { return value.getListOfFieldOfViews(); }});
     else if constexpr (is<V, Camera>)
         return std::tuple(
             Row{&B::orientation, &V::getOrientation, Texts{"nadir", "a-left", "d-right"},
@@ -145,7 +146,7 @@ constexpr auto rowsOf() {
             Row{&B::eventTimeShift, &V::getEventTimeShift}, Row{&B::kappaCardinal, &V::getKappaCardinal},
             Row{&B::boresightAngles, &V::getBoresightAngles}, Row{&B::leverArm, &V::getLeverArm});
     else if constexpr (is<V, Cameras>)
-        return std::tuple(Row{&B::listOfCameras, &V::getListOfCameras});
+        return std::tuple(Row{&B::listOfCameras, [](const V& value) { return value.getListOfCameras(); }});
     else if constexpr (is<V, Imu>)
         return std::tuple(Row{&B::gnssStandardDeviation, &V::getGnssStandardDeviation,
                               Texts{"SD10cm", "SD10cm", "SD10m"}, "Profile Imu: GNSS standard deviation"},

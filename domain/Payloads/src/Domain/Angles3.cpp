@@ -4,6 +4,6 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-Angles3 Angles3::Builder::build() const { return buildLastToFirst<Angles3>(roll, pitch, yaw); }
+Angles3 Angles3::Builder::build() const { return buildLastToFirst<Angles3>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -5,9 +5,7 @@
 namespace norel::Desktop::Domain::Payloads {
 
 BoresightCalibration BoresightCalibration::Builder::build() const {
-    return buildLastToFirst<BoresightCalibration>(fieldOfView, initialBoresightAngles, numberOfCriteria,
-                                                  leverArmAccuracy, positionAccuracy, attitudeAccuracy,
-                                                  lidarAccuracy);
+    return buildLastToFirst<BoresightCalibration>(*this);
 }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "Members.h"
+#include "Rules.h"
 #include "ValueAccess.h"
 
-#include <algorithm>
-#include <array>
 #include <optional>
-#include <string_view>
-#include <tuple>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -35,20 +34,12 @@ auto buildMember(const std::vector<Member>& members) {
     return items;
 }
 
-/// Makes a value of members that are built in the order given. The order decides which message is reported
-/// when several members are invalid.
-template <typename Value, typename... Members>
-Value buildFirstToLast(const Members&... members) {
-    std::tuple built{buildMember(members)...}; // braces build from left to right
-    return std::apply([](auto&... member) { return ValueAccess::make<Value>(std::move(member)...); }, built);
-}
-
 namespace Internal {
 
 template <typename Value, std::size_t Remaining, typename Members, typename... Built>
 Value buildRemaining(const Members& members, Built&... built) {
     if constexpr (Remaining == 0) {
-        return ValueAccess::make<Value>(std::move(built)...);
+        return ValueAccess::make<Value>([&] { return ValueAccess::Fields<Value>{std::move(built)...}; });
     } else {
         auto last = buildMember(std::get<Remaining - 1>(members));
         return buildRemaining<Value, Remaining - 1>(members, last, built...);
@@ -57,16 +48,31 @@ Value buildRemaining(const Members& members, Built&... built) {
 
 } // namespace Internal
 
+// The order in which members are built decides which message is reported when several are invalid.
+
 /// Makes a value of members that are built from the last to the first.
-template <typename Value, typename... Members>
-Value buildLastToFirst(const Members&... members) {
-    return Internal::buildRemaining<Value, sizeof...(Members)>(std::tie(members...));
+template <typename Value>
+Value buildLastToFirst(const typename Value::Builder& builder) {
+    checkFields(builder);
+    const auto members = tieMembers(builder);
+    return Internal::buildRemaining<Value, std::tuple_size_v<decltype(members)>>(members);
 }
 
-/// Whether `text` is one of `list`, byte for byte.
-template <std::size_t Size>
-bool isOneOf(const std::array<std::string_view, Size>& list, std::string_view text) {
-    return std::find(list.begin(), list.end(), text) != list.end();
+/// Makes a value of members that are built in the order of their declaration.
+template <typename Value>
+Value buildFirstToLast(const typename Value::Builder& builder) {
+    checkFields(builder);
+    const auto makeFields = [](const auto&... members) {
+        return ValueAccess::Fields<Value>{buildMember(members)...}; // braces build from left to right
+    };
+    return ValueAccess::make<Value>([&] { return std::apply(makeFields, tieMembers(builder)); });
+}
+
+/// Makes a value whose fields are those of its builder.
+template <typename Value>
+Value buildPlain(const typename Value::Builder& builder) {
+    checkFields(builder);
+    return ValueAccess::make<Value>([&] { return builder; });
 }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -4,6 +4,6 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-CameraAngles3 CameraAngles3::Builder::build() const { return buildLastToFirst<CameraAngles3>(tx, ty, tz); }
+CameraAngles3 CameraAngles3::Builder::build() const { return buildLastToFirst<CameraAngles3>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -13,20 +13,21 @@ constexpr std::array<std::string_view, 6> ORIENTATIONS{"a-left", "d-right", "w-f
 
 } // namespace
 
-Camera Camera::Builder::build() const {
-    if (!isOneOf(ORIENTATIONS, orientation))
-        throw std::invalid_argument("Profile Camera: orientation \"" + orientation + "\" is invalid");
-    return buildLastToFirst<Camera>(orientation, leverArm, boresightAngles, kappaCardinal, eventTimeShift);
+void checkFields(const Camera::Builder& builder) {
+    if (!isOneOf(ORIENTATIONS, builder.orientation))
+        throw std::invalid_argument("Profile Camera: orientation \"" + builder.orientation + "\" is invalid");
 }
 
-Cameras::Cameras(Fields&& fields) : fields(std::move(fields)) {
+Camera Camera::Builder::build() const { return buildLastToFirst<Camera>(*this); }
+
+void Cameras::checkRules() const {
     std::set<std::string> orientations;
-    for (const Camera& camera : this->fields.listOfCameras)
+    for (const Camera& camera : fields.listOfCameras)
         if (!orientations.insert(camera.getOrientation()).second)
             throw std::invalid_argument("Profile Cameras: camera with orientation \"" +
                                         camera.getOrientation() + "\" appears more than once");
 }
 
-Cameras Cameras::Builder::build() const { return buildFirstToLast<Cameras>(listOfCameras); }
+Cameras Cameras::Builder::build() const { return buildFirstToLast<Cameras>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -13,22 +13,21 @@ namespace norel::Desktop::Domain::Payloads {
 
 using Utils::ConvertToGenericString::convertToGenericString;
 
-FieldOfViewRange FieldOfViewRange::Builder::build() const {
-    if (minimum > maximum)
-        throw std::invalid_argument("Profile FieldOfViewRange: minimum (" + convertToGenericString(minimum) +
-                                    ") must be smaller or equal to maximum (" +
-                                    convertToGenericString(maximum) + ")");
-    if (unit != "deg")
+void checkFields(const FieldOfViewRange::Builder& builder) {
+    if (builder.minimum > builder.maximum)
+        throw std::invalid_argument(
+            "Profile FieldOfViewRange: minimum (" + convertToGenericString(builder.minimum) +
+            ") must be smaller or equal to maximum (" + convertToGenericString(builder.maximum) + ")");
+    if (builder.unit != "deg")
         throw std::invalid_argument("Profile FieldOfViewRange: unit must be \"deg\"");
-    return FieldOfViewRange(Fields(*this));
 }
 
-FieldOfView FieldOfView::Builder::build() const {
-    return buildLastToFirst<FieldOfView>(view, filter, isDefault);
-}
+FieldOfViewRange FieldOfViewRange::Builder::build() const { return buildPlain<FieldOfViewRange>(*this); }
 
-FieldOfViews::FieldOfViews(Fields&& fields) : fields(std::move(fields)) {
-    const std::vector<FieldOfView>& list = this->fields.listOfFieldOfViews;
+FieldOfView FieldOfView::Builder::build() const { return buildLastToFirst<FieldOfView>(*this); }
+
+void FieldOfViews::checkRules() const {
+    const std::vector<FieldOfView>& list = fields.listOfFieldOfViews;
     if (list.empty())
         throw std::invalid_argument("Profile FieldOfViews: at least one FieldOfView is required");
     if (std::count_if(list.begin(), list.end(), std::mem_fn(&FieldOfView::getIsDefault)) != 1)
@@ -36,15 +35,14 @@ FieldOfViews::FieldOfViews(Fields&& fields) : fields(std::move(fields)) {
     std::set<std::pair<double, double>> bounds;
     for (const FieldOfView& item : list) {
         const FieldOfViewRange view = item.getView();
-        if (std::isnan(view.getMinimum()) || std::isnan(view.getMaximum())) // equal to none, and in no order
+        if (std::isnan(view.getMinimum()) ||
+            std::isnan(view.getMaximum())) // NaN: equal to none, and without order
             continue;
         if (!bounds.emplace(view.getMinimum(), view.getMaximum()).second)
             throw std::invalid_argument("Profile FieldOfViews: all FieldOfView must be unique");
     }
 }
 
-FieldOfViews FieldOfViews::Builder::build() const {
-    return buildFirstToLast<FieldOfViews>(listOfFieldOfViews);
-}
+FieldOfViews FieldOfViews::Builder::build() const { return buildFirstToLast<FieldOfViews>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -6,17 +6,17 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-CalibrationDocument CalibrationDocument::Builder::build() const { return CalibrationDocument(Fields(*this)); }
+CalibrationDocument CalibrationDocument::Builder::build() const {
+    return buildPlain<CalibrationDocument>(*this);
+}
 
-Georeferencing::Georeferencing(Fields&& fields) : fields(std::move(fields)) {
-    if (!this->fields.boresightAngles && !this->fields.calibrationDocument)
+void Georeferencing::checkRules() const {
+    if (!fields.boresightAngles && !fields.calibrationDocument)
         throw std::runtime_error(
             "Georeferencing information of a profile requires either boresight angles or a "
             "calibration document.");
 }
 
-Georeferencing Georeferencing::Builder::build() const {
-    return buildLastToFirst<Georeferencing>(fieldOfViews, boresightAngles, calibrationDocument);
-}
+Georeferencing Georeferencing::Builder::build() const { return buildLastToFirst<Georeferencing>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -4,31 +4,22 @@
 
 namespace norel::Desktop::Domain::Payloads::GroundClassification {
 
-Segmentation Segmentation::Builder::build() const {
-    return buildFirstToLast<Segmentation>(maximumNormalDeviation, maximumOrthogonalDistance,
-                                          minimumPointsPerRegion);
-}
+Segmentation Segmentation::Builder::build() const { return buildFirstToLast<Segmentation>(*this); }
 
-Densification Densification::Builder::build() const {
-    return buildFirstToLast<Densification>(maximumAngularDeviation, maximumOrthogonalDistance);
-}
+Densification Densification::Builder::build() const { return buildFirstToLast<Densification>(*this); }
 
 DigitalSurfaceModel DigitalSurfaceModel::Builder::build() const {
-    return buildFirstToLast<DigitalSurfaceModel>(gridSize, tilesSize, tilesOverlap);
+    return buildFirstToLast<DigitalSurfaceModel>(*this);
 }
 
 InteriorProcessing InteriorProcessing::Builder::build() const {
-    return buildFirstToLast<InteriorProcessing>(densification, segmentation);
+    return buildFirstToLast<InteriorProcessing>(*this);
 }
 
-HullProcessing HullProcessing::Builder::build() const {
-    return buildFirstToLast<HullProcessing>(convexBandWidth, segmentation);
-}
+HullProcessing HullProcessing::Builder::build() const { return buildFirstToLast<HullProcessing>(*this); }
 
 GroundClassification GroundClassification::Builder::build() const {
-    return buildFirstToLast<GroundClassification>(maximumBuildingSize, maximumTerrainSlope, numberOfNeighbors,
-                                                  interiorProcessing, hullProcessing, terrainTypology,
-                                                  digitalSurfaceModel);
+    return buildFirstToLast<GroundClassification>(*this);
 }
 
 } // namespace norel::Desktop::Domain::Payloads::GroundClassification

@@ -28,12 +28,11 @@ bool isSignedPermutation(const std::string& alignment) {
 
 } // namespace
 
-Lidar Lidar::Builder::build() const {
-    if (!isSignedPermutation(alignment))
-        throw std::invalid_argument("Profile Lidar: alignment \"" + alignment + "\" is invalid");
-    return buildLastToFirst<Lidar>(fileExtension, imuLatency, alignment, leverArm, georeferencing,
-                                   boresightCalibration, precisionEnhancement, lidarCoveragePreview,
-                                   stripAdjustment, groundClassification, pointCloudDirectColorization);
+void checkFields(const Lidar::Builder& builder) {
+    if (!isSignedPermutation(builder.alignment))
+        throw std::invalid_argument("Profile Lidar: alignment \"" + builder.alignment + "\" is invalid");
 }
+
+Lidar Lidar::Builder::build() const { return buildLastToFirst<Lidar>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -9,16 +9,20 @@ namespace norel::Desktop::Domain::Payloads {
 
 using Utils::ConvertToGenericString::convertToGenericString;
 
-LidarCoveragePreview LidarCoveragePreview::Builder::build() const {
-    const auto rateRule = [rate = downsamplingRate.value](const char* rule) {
+void checkFields(const LidarCoveragePreview::Builder& builder) {
+    const double rate = builder.downsamplingRate.value;
+    const auto rateRule = [rate](const char* rule) {
         return std::invalid_argument("Profile LidarCoveragePreview: downsampling rate (" +
                                      convertToGenericString(rate) + ") must be " + rule);
     };
-    if (downsamplingRate.value <= 0)
+    if (rate <= 0)
         throw rateRule("greater than zero");
-    if (downsamplingRate.value >= 1)
+    if (rate >= 1)
         throw rateRule("smaller than one");
-    return buildLastToFirst<LidarCoveragePreview>(downsamplingRate);
+}
+
+LidarCoveragePreview LidarCoveragePreview::Builder::build() const {
+    return buildLastToFirst<LidarCoveragePreview>(*this);
 }
 
 } // namespace norel::Desktop::Domain::Payloads

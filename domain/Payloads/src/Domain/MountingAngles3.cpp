@@ -4,6 +4,6 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-MountingAngles3 MountingAngles3::Builder::build() const { return buildLastToFirst<MountingAngles3>(x, y, z); }
+MountingAngles3 MountingAngles3::Builder::build() const { return buildLastToFirst<MountingAngles3>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -46,23 +46,32 @@ void checkPresets(const typename Parameter<T>::Builder& builder) {
         fail(lines);
 }
 
-} // namespace
-
 template <typename T>
-Parameter<T> Parameter<T>::Builder::build() const {
+void checkParameter(const typename Parameter<T>::Builder& builder) {
+    const auto& [value, minimum, maximum, defaultValue, presets, precision, unit] = builder;
     if (minimum > maximum)
         fail("minimum (" + convertToGenericString(minimum) + ") must be smaller or equal to maximum (" +
              convertToGenericString(maximum) + ")");
-    if (!isWithinRange<T>(*this, defaultValue))
-        fail("defaultValue (" + convertToGenericString(defaultValue) + ")" + rangeRule<T>(*this));
-    checkPresets<T>(*this);
-    if (!isWithinRange<T>(*this, value))
-        fail("value (" + convertToGenericString(value) + ")" + rangeRule<T>(*this));
+    if (!isWithinRange<T>(builder, defaultValue))
+        fail("defaultValue (" + convertToGenericString(defaultValue) + ")" + rangeRule<T>(builder));
+    checkPresets<T>(builder);
+    if (!isWithinRange<T>(builder, value))
+        fail("value (" + convertToGenericString(value) + ")" + rangeRule<T>(builder));
     if (!isOneOf(UNITS, unit))
         fail("unit \"" + unit + "\" is not supported");
     if (!isPowerOfTen(precision))
         fail("precision (" + convertToGenericString(precision) + ") is not a power of ten");
-    return Parameter(Fields(*this));
+}
+
+} // namespace
+
+void checkFields(const Parameter<double>::Builder& builder) { checkParameter<double>(builder); }
+void checkFields(const Parameter<unsigned int>::Builder& builder) { checkParameter<unsigned int>(builder); }
+void checkFields(const Parameter<int>::Builder& builder) { checkParameter<int>(builder); }
+
+template <typename T>
+Parameter<T> Parameter<T>::Builder::build() const {
+    return buildPlain<Parameter>(*this);
 }
 
 template class Parameter<double>;

@@ -4,20 +4,12 @@
 
 namespace norel::Desktop::Domain::Payloads::PointCloudDirectColorization {
 
-Distortion Distortion::Builder::build() const {
-    return buildFirstToLast<Distortion>(radial1, radial2, radial3, tangential1, tangential2);
-}
+Distortion Distortion::Builder::build() const { return buildFirstToLast<Distortion>(*this); }
 
-Images Images::Builder::build() const {
-    return buildFirstToLast<Images>(width, height, focalLength, principalPointX, principalPointY);
-}
+Images Images::Builder::build() const { return buildFirstToLast<Images>(*this); }
 
 PointCloudDirectColorization PointCloudDirectColorization::Builder::build() const {
-    return buildLastToFirst<PointCloudDirectColorization>(
-        flightHeight, imageReadSamplingFactor, imageResizingFactor, pointCloudSamplingReadFactor,
-        samplingResolution, octreeResolution, octreeMinimumPointsPerBlock, occlusionFactor,
-        occlusionNumberOfNeighbors, verticalAngleThreshold, numberOfImagesUsedPerPoint, distortion, images,
-        terrainTypology);
+    return buildLastToFirst<PointCloudDirectColorization>(*this);
 }
 
 } // namespace norel::Desktop::Domain::Payloads::PointCloudDirectColorization

@@ -5,14 +5,11 @@
 namespace norel::Desktop::Domain::Payloads {
 
 MorphologicalRejection MorphologicalRejection::Builder::build() const {
-    return buildLastToFirst<MorphologicalRejection>(averagePointCloudDensity, outlyingScoreThreshold,
-                                                    copWeighting);
+    return buildLastToFirst<MorphologicalRejection>(*this);
 }
 
 PrecisionEnhancement PrecisionEnhancement::Builder::build() const {
-    return buildLastToFirst<PrecisionEnhancement>(averagePointCloudThickness, suppressionThreshold, sharpener,
-                                                  minimumNeighborsToBeProcessed, maximumNeighborsToConsider,
-                                                  minimumNeighborsToBeIsolated, morphologicalRejection);
+    return buildLastToFirst<PrecisionEnhancement>(*this);
 }
 
 } // namespace norel::Desktop::Domain::Payloads

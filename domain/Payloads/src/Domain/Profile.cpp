@@ -4,18 +4,13 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-Profile::InvalidProfile::~InvalidProfile() = default;
-
-Profile::Profile(Fields&& fields) : fields(std::move(fields)) {
-    if (this->fields.name.empty())
+void Profile::checkRules() const {
+    if (fields.name.empty())
         throw InvalidProfile("The \"name\" string cannot be empty.");
-    if (this->fields.product.empty())
+    if (fields.product.empty())
         throw InvalidProfile("The \"product\" string cannot be empty.");
 }
 
-Profile Profile::Builder::build() const {
-    return buildLastToFirst<Profile>(id, name, product, serialNumber, creationTime, lastModificationTime,
-                                     lidar, trajectory);
-}
+Profile Profile::Builder::build() const { return buildLastToFirst<Profile>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

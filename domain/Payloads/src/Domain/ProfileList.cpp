@@ -3,6 +3,8 @@
 #include "ValueAccess.h"
 
 #include <algorithm>
+#include <type_traits>
+#include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
 namespace {
@@ -10,47 +12,54 @@ namespace {
 /// The first profile of that id, or the end.
 template <typename Profiles>
 auto findById(Profiles& profiles, unsigned int id) {
-    return std::find_if(profiles.begin(), profiles.end(),
-                        [id](const Profile& profile) { return profile.getId() == id; });
+    return std::ranges::find(profiles, id, &Profile::getId);
 }
 
 auto findByName(const std::vector<Profile>& profiles, const std::string& name) {
-    return std::find_if(profiles.begin(), profiles.end(),
-                        [&](const Profile& profile) { return ValueAccess::fieldsOf(profile).name == name; });
+    return std::ranges::find_if(
+        profiles, [&](const Profile& profile) { return ValueAccess::fieldsOf(profile).name == name; });
 }
 
 } // namespace
 
 ProfileList::~ProfileList() = default;
 
+ProfileList& ProfileList::operator=(const ProfileList& other) {
+    return *this = ProfileList(other); // which can fail only before anything is changed
+}
+
 void ProfileList::add(Profile& profile) {
+    append(Profile(profile));
+    profile.setId(profiles.back().getId());
+}
+
+void ProfileList::append(Profile&& profile) {
     if (profile.getId() == Profile::ID_IS_UNASSIGNED || existById(profile.getId()))
         profile.setId(sortedIds.empty() ? 1 : sortedIds.back() + 1);
-    const auto place = std::upper_bound(sortedIds.begin(), sortedIds.end(), profile.getId());
-    const auto inserted = sortedIds.insert(place, profile.getId());
+    const auto position = std::ranges::upper_bound(sortedIds, profile.getId());
+    const auto inserted = sortedIds.insert(position, profile.getId());
     try {
-        profiles.push_back(profile);
-    } catch (...) { // short of memory: neither holds it
+        profiles.push_back(std::move(profile));
+    } catch (...) { // out of memory: neither vector has it
         sortedIds.erase(inserted);
         throw;
     }
 }
 
 void ProfileList::update(const Profile& profile) {
+    static_assert(std::is_nothrow_move_assignable_v<Profile>);
     if (const auto stored = findById(profiles, profile.getId()); stored != profiles.end())
-        *stored = profile;
+        *stored = Profile(profile); // the copy can fail, the assignment cannot
 }
 
 void ProfileList::remove(unsigned int id) {
     if (!existById(id))
         return;
     profiles.erase(findById(profiles, id));
-    sortedIds.erase(std::lower_bound(sortedIds.begin(), sortedIds.end(), id));
+    sortedIds.erase(std::ranges::lower_bound(sortedIds, id));
 }
 
-bool ProfileList::existById(unsigned int id) const {
-    return std::binary_search(sortedIds.begin(), sortedIds.end(), id);
-}
+bool ProfileList::existById(unsigned int id) const { return std::ranges::binary_search(sortedIds, id); }
 
 bool ProfileList::existByName(const std::string& name) const {
     return findByName(profiles, name) != profiles.end();

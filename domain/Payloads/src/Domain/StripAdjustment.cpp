@@ -4,31 +4,14 @@
 
 namespace norel::Desktop::Domain::Payloads::StripAdjustment {
 
-Preprocessing Preprocessing::Builder::build() const {
-    return buildLastToFirst<Preprocessing>(neighborsSearchRadius, minimumNeighborsToBeProcessed,
-                                           maximumRoughness, intersectionDistance, intersectionMinimumPoints,
-                                           intersectionMaximumVerticalDistance, lineMinimumPoints,
-                                           referenceLineMinimumPoints);
-}
+Preprocessing Preprocessing::Builder::build() const { return buildLastToFirst<Preprocessing>(*this); }
 
-Sampling Sampling::Builder::build() const {
-    return buildLastToFirst<Sampling>(readFractionDenominator, normalSampleSize, uniformSamplingRadius,
-                                      normalSamplingSlopeInterval, randomSamplingFactor);
-}
+Sampling Sampling::Builder::build() const { return buildLastToFirst<Sampling>(*this); }
 
-Rejection Rejection::Builder::build() const {
-    return buildLastToFirst<Rejection>(maximumAngle, stdEstimationFactor, zDistanceScore);
-}
+Rejection Rejection::Builder::build() const { return buildLastToFirst<Rejection>(*this); }
 
-Minimization Minimization::Builder::build() const {
-    return buildLastToFirst<Minimization>(lsAngleEpsilon, lsDistanceEpsilon, lsProbability,
-                                          maximumInnerLoopCount, maximumOuterLoopCount,
-                                          counterChi2LoopMaximum);
-}
+Minimization Minimization::Builder::build() const { return buildLastToFirst<Minimization>(*this); }
 
-StripAdjustment StripAdjustment::Builder::build() const {
-    return buildLastToFirst<StripAdjustment>(temporalTimeFrame, sampling, rejection, preprocessing,
-                                             minimization);
-}
+StripAdjustment StripAdjustment::Builder::build() const { return buildLastToFirst<StripAdjustment>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads::StripAdjustment

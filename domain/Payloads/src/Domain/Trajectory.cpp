@@ -13,19 +13,20 @@ constexpr std::array<std::string_view, 2> STABILIZED_MOUNTS{"none", "synthetize 
 
 } // namespace
 
-Imu Imu::Builder::build() const {
-    if (!isOneOf(GNSS_STANDARD_DEVIATIONS, gnssStandardDeviation))
-        throw std::invalid_argument("Profile Imu: GNSS standard deviation \"" + gnssStandardDeviation +
-                                    "\" is invalid");
-    return buildLastToFirst<Imu>(leverArm, leverArmAntenna, mountingAngles, mountingAnglesAircraft,
-                                 gnssStandardDeviation);
+void checkFields(const Imu::Builder& builder) {
+    if (!isOneOf(GNSS_STANDARD_DEVIATIONS, builder.gnssStandardDeviation))
+        throw std::invalid_argument("Profile Imu: GNSS standard deviation \"" +
+                                    builder.gnssStandardDeviation + "\" is invalid");
 }
 
-Trajectory Trajectory::Builder::build() const {
-    if (!isOneOf(STABILIZED_MOUNTS, stabilizedMount))
-        throw std::invalid_argument("Profile Trajectory: stabilized mount \"" + stabilizedMount +
+Imu Imu::Builder::build() const { return buildLastToFirst<Imu>(*this); }
+
+void checkFields(const Trajectory::Builder& builder) {
+    if (!isOneOf(STABILIZED_MOUNTS, builder.stabilizedMount))
+        throw std::invalid_argument("Profile Trajectory: stabilized mount \"" + builder.stabilizedMount +
                                     "\" is invalid");
-    return buildLastToFirst<Trajectory>(imuOnboard, imuExternal, cameras, stabilizedMount);
 }
+
+Trajectory Trajectory::Builder::build() const { return buildLastToFirst<Trajectory>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

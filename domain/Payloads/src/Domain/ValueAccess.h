@@ -8,6 +8,10 @@
 namespace norel::Desktop::Domain::Payloads {
 
 struct ValueAccess {
+    /// The type that holds the fields of a value.
+    template <typename Value>
+    using Fields = typename Value::Fields;
+
     /// The fields in place, where a getter would copy them.
     template <typename Value>
     static const auto& fieldsOf(const Value& value) {
@@ -24,10 +28,16 @@ struct ValueAccess {
         list.profiles.reserve(list.profiles.size() + profiles);
     }
 
-    /// The value of the given fields, which its constructor checks if it has a rule.
-    template <typename Value, typename... Members>
-    static Value make(Members&&... members) {
-        return Value(typename Value::Fields{std::forward<Members>(members)...});
+    /// Adds a profile without copying it.
+    template <typename List, typename Profile>
+    static void append(List& list, Profile&& profile) {
+        list.append(std::forward<Profile>(profile));
+    }
+
+    /// The value of the fields that `makeFields` returns, constructed in their place and then checked.
+    template <typename Value, typename MakeFields>
+    static Value make(const MakeFields& makeFields) {
+        return Value(makeFields);
     }
 };
 

@@ -4,6 +4,6 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-Vector3 Vector3::Builder::build() const { return buildLastToFirst<Vector3>(x, y, z); }
+Vector3 Vector3::Builder::build() const { return buildLastToFirst<Vector3>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -2,7 +2,10 @@
 
 #include "Sample.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
+#include <iterator>
+#include <ranges>
 
 namespace norel::Desktop::Domain::Payloads::Test {
 namespace {
@@ -89,6 +92,22 @@ TEST(ProfileList, EqualsAListOfEqualProfilesInTheSameOrder) {
     ProfileList reached = makeList({{1, "a"}, {7, "c"}, {2, "b"}});
     reached.remove(7);
     EXPECT_TRUE(list == reached);
+}
+
+TEST(ProfileList, WorksWithStandardAlgorithmsAndRanges) {
+    static_assert(std::input_iterator<ProfileListConstIterator> && std::ranges::input_range<ProfileList>);
+    EXPECT_TRUE(ProfileList().empty());
+    const ProfileList list = makeList({{1, "a"}, {7, "c"}, {2, "b"}});
+    EXPECT_FALSE(list.empty());
+    EXPECT_EQ(list.size(), 3U);
+    EXPECT_EQ(std::ranges::find(list, 7U, &Profile::getId)->getName(), "c");
+    std::string names;
+    for (const std::string& name : list | std::views::transform(&Profile::getName))
+        names += name;
+    EXPECT_EQ(names, "acb");
+    ProfileListConstIterator position = list.begin();
+    EXPECT_EQ((*position++).getId(), 1U);
+    EXPECT_EQ((++position)->getId(), 2U);
 }
 
 } // namespace

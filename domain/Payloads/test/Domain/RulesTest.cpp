@@ -47,7 +47,7 @@ TEST(FieldOfViews, AreOneOrMoreWithOneDefaultAndNoViewTwice) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     struct {
         std::vector<Item> items;
-        std::string refusal;
+        std::string message;
     } const cases[] = {
         {{}, none},
         {{item(-1, 1, false)}, defaults},
@@ -59,11 +59,11 @@ TEST(FieldOfViews, AreOneOrMoreWithOneDefaultAndNoViewTwice) {
         {{item(-45, 45, true), item(-45, 46, false), item(-46, 45, false)}, ""},
         {{item(nan, 1, true), item(nan, 1, false), item(0, nan, false), item(0, 1, false)}, ""},
     };
-    for (const auto& [items, refusal] : cases) {
-        if (refusal.empty()) {
+    for (const auto& [items, message] : cases) {
+        if (message.empty()) {
             EXPECT_NO_THROW(FieldOfViews::Builder{items}.build());
         } else
-            expectRefused(FieldOfViews::Builder{items}, refusal);
+            expectRefused(FieldOfViews::Builder{items}, message);
     }
 }
 
@@ -93,6 +93,20 @@ TEST(Cameras, HaveAnOrientationOfTheSetAtMostOnce) {
     EXPECT_THAT(build({"a-left", "d-right", "d-right", "a-left"}),
                 ThrowsMessage<std::invalid_argument>(
                     "Profile Cameras: camera with orientation \"d-right\" appears more than once"));
+}
+
+TEST(Lists, OfATemporaryValueAreCopies) {
+    Profile::Builder builder = makeProfile(1, "a");
+    builder.trajectory.cameras.listOfCameras = {{"nadir", {}, {}, {}, {}}, {"a-left", {}, {}, {}, {}}};
+    const Profile profile = builder.build();
+    std::string orientations;
+    for (const Camera& camera : profile.getTrajectory().getCameras().getListOfCameras())
+        orientations += camera.getOrientation() + " ";
+    EXPECT_EQ(orientations, "nadir a-left ");
+    FieldOfViews::Builder views;
+    views.listOfFieldOfViews = {{{-1, 1, "deg"}, {-1, 1, "deg"}, true}};
+    static_assert(!std::is_reference_v<decltype(views.build().getListOfFieldOfViews())>);
+    EXPECT_TRUE(views.build().getListOfFieldOfViews().front().getIsDefault());
 }
 
 TEST(Trajectory, TakesTheCodesAndMountsOfTheSets) {

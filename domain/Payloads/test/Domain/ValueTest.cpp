@@ -1,6 +1,7 @@
 #include "Building.h"
 #include "Sample.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <map>
 #include <typeindex>
@@ -14,7 +15,7 @@ TEST(Value, OfAFreshBuilderIsBuiltOrRefusedWithItsFirstRule) {
     const std::string unit = "Profile FieldOfViewRange: unit must be \"deg\"";
     const std::string views = "Profile FieldOfViews: at least one FieldOfView is required";
     const std::string mount = "Profile Trajectory: stabilized mount \"\" is invalid";
-    const std::map<std::type_index, std::string> refusals{
+    const std::map<std::type_index, std::string> messages{
         {typeid(FieldOfView), unit},
         {typeid(BoresightCalibration), unit},
         {typeid(FieldOfViews), views},
@@ -28,8 +29,8 @@ TEST(Value, OfAFreshBuilderIsBuiltOrRefusedWithItsFirstRule) {
         {typeid(Lidar), "Profile Lidar: alignment \"\" is invalid"}};
     forEachValueType([&]<typename V>() {
         const auto build = [] { return typename V::Builder().build(); };
-        if (const auto refusal = refusals.find(typeid(V)); refusal != refusals.end())
-            EXPECT_THAT(build, ThrowsMessage<std::invalid_argument>(refusal->second));
+        if (const auto message = messages.find(typeid(V)); message != messages.end())
+            EXPECT_THAT(build, ThrowsMessage<std::invalid_argument>(message->second));
         else
             EXPECT_TRUE(build() == build()) << typeid(V).name();
     });
@@ -41,13 +42,13 @@ TEST(Value, BuildsItsMembersInTheirOrder) {
         typename Value::Builder builder;
         const Sample sample(builder);
         for (const Leaf& leaf : sample.leaves)
-            if (leaf.spoil)
-                leaf.spoil();
+            if (leaf.invalidate)
+                leaf.invalidate();
         for (const Leaf& leaf : sample.leaves) {
-            if (!leaf.spoil)
+            if (!leaf.invalidate)
                 continue;
-            ASSERT_THAT([&] { builder.build(); }, ThrowsMessage<std::invalid_argument>(leaf.refusal));
-            leaf.mend();
+            ASSERT_THAT([&] { builder.build(); }, ThrowsMessage<std::invalid_argument>(leaf.message));
+            leaf.reset();
         }
         EXPECT_NO_THROW(builder.build());
     });
@@ -60,7 +61,7 @@ TEST(Value, GivesItsMembersAndEqualsOneWithTheSameOnly) {
         const Sample sample(builder);
         const Value value = builder.build();
         const auto check = [&](const auto& row) {
-            EXPECT_TRUE((value.*row.getter)() == buildMember(builder.*row.member));
+            EXPECT_TRUE(std::invoke(row.getter, value) == buildMember(builder.*row.member));
         };
         std::apply([&](const auto&... rows) { (check(rows), ...); }, rowsOf<Value>());
         for (const Leaf& leaf : sample.leaves) {
@@ -68,7 +69,7 @@ TEST(Value, GivesItsMembersAndEqualsOneWithTheSameOnly) {
                 continue;
             leaf.change();
             EXPECT_TRUE(value != builder.build()) << "leaf " << &leaf - sample.leaves.data();
-            leaf.mend();
+            leaf.reset();
             EXPECT_TRUE(value == builder.build());
         }
     });

@@ -4,8 +4,6 @@
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
-#include <utility>
-
 namespace norel::Desktop::Domain::Payloads {
 
 /// Roll, pitch and yaw, in degrees ("deg") in the factory profiles.
@@ -29,13 +27,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Angles3(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Angles3(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT Angles3::Builder {
     Parameter<double>::Builder roll;
     Parameter<double>::Builder pitch;

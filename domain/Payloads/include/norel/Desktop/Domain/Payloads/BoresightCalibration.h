@@ -7,8 +7,6 @@
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 #include "norel/Desktop/Domain/Payloads/Vector3.h"
 
-#include <utility>
-
 namespace norel::Desktop::Domain::Payloads {
 
 /// The settings of the boresight calibration: what to calibrate over, from which angles to start, and the
@@ -43,13 +41,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit BoresightCalibration(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit BoresightCalibration(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails. A fresh Builder does not build: its field of view has no unit.
+/// A fresh Builder does not build: its field of view has no unit.
 struct NOREL_PAYLOADS_EXPORT BoresightCalibration::Builder {
     FieldOfViewRange::Builder fieldOfView;
     Angles3::Builder initialBoresightAngles;

@@ -4,8 +4,6 @@
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
-#include <utility>
-
 namespace norel::Desktop::Domain::Payloads {
 
 /// The boresight angles of a camera, in minutes of arc ("arcmin") in the factory profiles.
@@ -29,13 +27,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit CameraAngles3(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit CameraAngles3(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT CameraAngles3::Builder {
     Parameter<double>::Builder tx;
     Parameter<double>::Builder ty;

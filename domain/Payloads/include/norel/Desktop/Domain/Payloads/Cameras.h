@@ -17,7 +17,7 @@ class NOREL_PAYLOADS_EXPORT Camera {
 public:
     struct Builder;
 
-    /// where it looks: "a-left", "d-right", "w-front", "x-rear", "s-nadir" or "nadir"
+    /// the direction it looks in: "a-left", "d-right", "w-front", "x-rear", "s-nadir" or "nadir"
     std::string getOrientation() const { return fields.orientation; }
     Vector3 getLeverArm() const { return fields.leverArm; }                       ///< "m"
     CameraAngles3 getBoresightAngles() const { return fields.boresightAngles; }   ///< "arcmin"
@@ -38,13 +38,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Camera(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Camera(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Checks the orientation, then builds the members from the last to the first. Throws std::invalid_argument;
-/// a fresh Builder does not build.
+/// Checks the orientation first; a fresh Builder does not build.
 struct NOREL_PAYLOADS_EXPORT Camera::Builder {
     std::string orientation;
     Vector3::Builder leverArm;
@@ -55,13 +55,14 @@ struct NOREL_PAYLOADS_EXPORT Camera::Builder {
     Camera build() const;
 };
 
-/// The cameras of a payload in the order given, at most one of each orientation.
+/// The cameras of a payload in the given order, at most one of each orientation.
 class NOREL_PAYLOADS_EXPORT Cameras {
 public:
     struct Builder;
 
-    /// Valid as long as this value: of a getter's copy, keep the copy.
-    const std::vector<Camera>& getListOfCameras() const { return fields.listOfCameras; }
+    /// Valid as long as this value, and a copy where this value is a temporary.
+    const std::vector<Camera>& getListOfCameras() const& { return fields.listOfCameras; }
+    std::vector<Camera> getListOfCameras() && { return std::move(fields.listOfCameras); }
 
     bool operator==(const Cameras&) const = default;
 
@@ -73,13 +74,17 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Cameras(Fields&& fields);
+    template <typename MakeFields>
+    explicit Cameras(const MakeFields& makeFields) : fields(makeFields()) {
+        checkRules();
+    }
+
+    void checkRules() const;
 
     Fields fields;
 };
 
-/// Builds the cameras from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails, or when an orientation repeats. An empty list builds.
+/// Throws std::invalid_argument also when an orientation repeats. An empty list builds.
 struct NOREL_PAYLOADS_EXPORT Cameras::Builder {
     std::vector<Camera::Builder> listOfCameras;
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-/// The versions of the profile-list document, numbered without gaps. A document carries no version number; the
-/// sections of its lidar profiles tell it. Any thread may call these functions.
+/// The versions of the profile-list document, numbered without gaps. A document carries no version number;
+/// the sections of its lidar profiles tell it. Any thread may call these functions.
 namespace norel::Desktop::Domain::Payloads::DocumentVersions {
 
 /// A section of a profile object: the keys that lead to it.

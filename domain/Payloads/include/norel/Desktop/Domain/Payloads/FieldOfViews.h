@@ -35,7 +35,8 @@ private:
     friend ValueAccess;
     using Fields = Builder;
 
-    explicit FieldOfViewRange(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit FieldOfViewRange(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
@@ -62,13 +63,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit FieldOfView(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit FieldOfView(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the filter, then the view. Throws std::invalid_argument with the message of the first that fails;
-/// a fresh Builder does not build.
+/// A fresh Builder does not build: its ranges have no unit.
 struct NOREL_PAYLOADS_EXPORT FieldOfView::Builder {
     FieldOfViewRange::Builder view;
     FieldOfViewRange::Builder filter;
@@ -77,14 +78,15 @@ struct NOREL_PAYLOADS_EXPORT FieldOfView::Builder {
     FieldOfView build() const;
 };
 
-/// The fields of view that a lidar offers, in the order given: at least one, exactly one of them the default,
+/// The fields of view that a lidar offers, in the given order: at least one, exactly one of them the default,
 /// no two with the same view.
 class NOREL_PAYLOADS_EXPORT FieldOfViews {
 public:
     struct Builder;
 
-    /// Valid as long as this value: of a getter's copy, keep the copy.
-    const std::vector<FieldOfView>& getListOfFieldOfViews() const { return fields.listOfFieldOfViews; }
+    /// Valid as long as this value, and a copy where this value is a temporary.
+    const std::vector<FieldOfView>& getListOfFieldOfViews() const& { return fields.listOfFieldOfViews; }
+    std::vector<FieldOfView> getListOfFieldOfViews() && { return std::move(fields.listOfFieldOfViews); }
 
     bool operator==(const FieldOfViews&) const = default;
 
@@ -96,13 +98,17 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit FieldOfViews(Fields&& fields);
+    template <typename MakeFields>
+    explicit FieldOfViews(const MakeFields& makeFields) : fields(makeFields()) {
+        checkRules();
+    }
+
+    void checkRules() const;
 
     Fields fields;
 };
 
-/// Builds the items from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails, or of the first rule of the list that fails; a fresh Builder does not build.
+/// Throws std::invalid_argument also when the list breaks a rule; a fresh Builder does not build.
 struct NOREL_PAYLOADS_EXPORT FieldOfViews::Builder {
     std::vector<FieldOfView::Builder> listOfFieldOfViews;
 

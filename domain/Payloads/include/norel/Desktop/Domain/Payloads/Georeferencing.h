@@ -7,11 +7,10 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// A named text document that holds a calibration. Both texts are free-form and may be empty.
+/// A named text document with a calibration. Both texts are free-form and may be empty.
 class NOREL_PAYLOADS_EXPORT CalibrationDocument {
 public:
     struct NOREL_PAYLOADS_EXPORT Builder {
@@ -33,7 +32,8 @@ private:
     friend ValueAccess;
     using Fields = Builder;
 
-    explicit CalibrationDocument(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit CalibrationDocument(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
@@ -62,13 +62,17 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Georeferencing(Fields&& fields);
+    template <typename MakeFields>
+    explicit Georeferencing(const MakeFields& makeFields) : fields(makeFields()) {
+        checkRules();
+    }
+
+    void checkRules() const;
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails, and std::runtime_error when there are neither boresight angles nor a calibration document.
+/// Throws also std::runtime_error when there are neither boresight angles nor a calibration document.
 struct NOREL_PAYLOADS_EXPORT Georeferencing::Builder {
     FieldOfViews::Builder fieldOfViews;
     std::optional<Angles3::Builder> boresightAngles;

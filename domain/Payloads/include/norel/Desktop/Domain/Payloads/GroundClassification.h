@@ -5,7 +5,6 @@
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace norel::Desktop::Domain::Payloads::GroundClassification {
@@ -32,13 +31,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Segmentation(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Segmentation(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails.
+/// Builds its members from the first to the last.
 struct NOREL_PAYLOADS_EXPORT Segmentation::Builder {
     Parameter<double>::Builder maximumNormalDeviation;
     Parameter<double>::Builder maximumOrthogonalDistance;
@@ -68,13 +67,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Densification(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Densification(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails.
+/// Builds its members from the first to the last.
 struct NOREL_PAYLOADS_EXPORT Densification::Builder {
     Parameter<double>::Builder maximumAngularDeviation;
     Parameter<double>::Builder maximumOrthogonalDistance;
@@ -103,13 +102,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit DigitalSurfaceModel(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit DigitalSurfaceModel(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails.
+/// Builds its members from the first to the last.
 struct NOREL_PAYLOADS_EXPORT DigitalSurfaceModel::Builder {
     Parameter<double>::Builder gridSize;
     Parameter<double>::Builder tilesSize;
@@ -137,13 +136,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit InteriorProcessing(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit InteriorProcessing(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails.
+/// Builds its members from the first to the last.
 struct NOREL_PAYLOADS_EXPORT InteriorProcessing::Builder {
     Densification::Builder densification;
     Segmentation::Builder segmentation;
@@ -170,13 +169,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit HullProcessing(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit HullProcessing(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails.
+/// Builds its members from the first to the last.
 struct NOREL_PAYLOADS_EXPORT HullProcessing::Builder {
     Parameter<double>::Builder convexBandWidth;
     Segmentation::Builder segmentation;
@@ -215,13 +214,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit GroundClassification(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit GroundClassification(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails.
+/// Builds its members from the first to the last.
 struct NOREL_PAYLOADS_EXPORT GroundClassification::Builder {
     Parameter<double>::Builder maximumBuildingSize;
     Parameter<double>::Builder maximumTerrainSlope;

@@ -12,7 +12,6 @@
 #include "norel/Desktop/Domain/Payloads/Vector3.h"
 
 #include <string>
-#include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
 
@@ -59,13 +58,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Lidar(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Lidar(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Checks the alignment, then builds the members from the last to the first. Throws std::invalid_argument,
-/// or the std::runtime_error of Georeferencing; a fresh Builder does not build.
+/// Checks the alignment first; a fresh Builder does not build.
 struct NOREL_PAYLOADS_EXPORT Lidar::Builder {
     std::string fileExtension;
     Parameter<double>::Builder imuLatency;

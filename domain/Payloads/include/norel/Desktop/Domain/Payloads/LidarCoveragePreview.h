@@ -4,8 +4,6 @@
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
-#include <utility>
-
 namespace norel::Desktop::Domain::Payloads {
 
 /// The settings of the coverage preview, which is computed from a downsampled point cloud.
@@ -26,12 +24,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit LidarCoveragePreview(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit LidarCoveragePreview(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Checks the rate, then builds it. Throws std::invalid_argument; a fresh Builder does not build.
+/// Checks the rate first; a fresh Builder does not build.
 struct NOREL_PAYLOADS_EXPORT LidarCoveragePreview::Builder {
     Parameter<double>::Builder downsamplingRate;
 

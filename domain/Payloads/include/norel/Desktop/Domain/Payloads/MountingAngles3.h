@@ -4,8 +4,6 @@
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
-#include <utility>
-
 namespace norel::Desktop::Domain::Payloads {
 
 /// The mounting angles of an IMU, in whole degrees ("deg").
@@ -29,13 +27,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit MountingAngles3(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit MountingAngles3(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT MountingAngles3::Builder {
     Parameter<int>::Builder x;
     Parameter<int>::Builder y;

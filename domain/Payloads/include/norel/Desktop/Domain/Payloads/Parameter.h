@@ -6,7 +6,6 @@
 #include <limits>
 #include <map>
 #include <string>
-#include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
 
@@ -50,7 +49,8 @@ private:
     friend ValueAccess;
     using Fields = Builder;
 
-    explicit Parameter(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Parameter(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };

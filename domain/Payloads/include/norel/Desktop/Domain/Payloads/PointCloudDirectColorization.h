@@ -5,7 +5,6 @@
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace norel::Desktop::Domain::Payloads::PointCloudDirectColorization {
@@ -35,13 +34,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Distortion(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Distortion(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails.
+/// Builds its members from the first to the last.
 struct NOREL_PAYLOADS_EXPORT Distortion::Builder {
     Parameter<double>::Builder radial1;
     Parameter<double>::Builder radial2;
@@ -79,13 +78,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Images(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Images(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the first to the last. Throws std::invalid_argument with the message of the first
-/// that fails.
+/// Builds its members from the first to the last.
 struct NOREL_PAYLOADS_EXPORT Images::Builder {
     Parameter<unsigned int>::Builder width;
     Parameter<unsigned int>::Builder height;
@@ -149,13 +148,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit PointCloudDirectColorization(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit PointCloudDirectColorization(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT PointCloudDirectColorization::Builder {
     Parameter<double>::Builder flightHeight;
     Parameter<unsigned int>::Builder imageReadSamplingFactor;

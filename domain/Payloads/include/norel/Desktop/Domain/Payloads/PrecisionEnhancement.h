@@ -4,8 +4,6 @@
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
-#include <utility>
-
 namespace norel::Desktop::Domain::Payloads {
 
 /// The rejection of points that lie apart from the surface around them.
@@ -31,13 +29,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit MorphologicalRejection(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit MorphologicalRejection(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT MorphologicalRejection::Builder {
     Parameter<unsigned int>::Builder averagePointCloudDensity;
     Parameter<double>::Builder outlyingScoreThreshold;
@@ -83,13 +80,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit PrecisionEnhancement(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit PrecisionEnhancement(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT PrecisionEnhancement::Builder {
     Parameter<double>::Builder averagePointCloudThickness;
     Parameter<double>::Builder suppressionThreshold;

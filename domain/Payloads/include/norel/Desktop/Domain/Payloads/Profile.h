@@ -9,14 +9,13 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
 
 /// A payload profile: the identity of one product configuration and its sensor setup.
 ///
-/// Immutable once built, but for the id and the two times, which lists and use cases set: several threads may
-/// read one profile at once while none sets them.
+/// Immutable once built, except for the id and the two times, which lists and use cases set: several threads may
+/// read one profile at once as long as none sets them.
 class NOREL_PAYLOADS_EXPORT Profile {
 public:
     struct Builder;
@@ -24,12 +23,9 @@ public:
     /// A profile has no name or no product.
     struct NOREL_PAYLOADS_EXPORT InvalidProfile : std::runtime_error {
         using std::runtime_error::runtime_error;
-        InvalidProfile(const InvalidProfile&) = default;
-        InvalidProfile& operator=(const InvalidProfile&) = default;
-        ~InvalidProfile() override;
     };
 
-    /// The id of a profile that no list has numbered yet.
+    /// The id of a profile that no list has assigned an id to.
     static constexpr unsigned int ID_IS_UNASSIGNED = 4294967295;
 
     unsigned int getId() const { return fields.id; }
@@ -41,7 +37,7 @@ public:
     std::optional<Lidar> getLidar() const { return fields.lidar; } ///< empty for a product without one
     Trajectory getTrajectory() const { return fields.trajectory; }
 
-    // The setters check nothing.
+    // The setters do not validate.
     void setId(unsigned int id) { fields.id = id; }
     void setCreationTime(const DateTime::DateTime& time) { fields.creationTime = time; }
     void setLastModificationTime(const DateTime::DateTime& time) { fields.lastModificationTime = time; }
@@ -63,13 +59,17 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Profile(Fields&& fields);
+    template <typename MakeFields>
+    explicit Profile(const MakeFields& makeFields) : fields(makeFields()) {
+        checkRules();
+    }
+
+    void checkRules() const;
 
     Fields fields;
 };
 
-/// Builds the trajectory, then the lidar, then checks the name and the product. Throws the exceptions of the
-/// members and InvalidProfile; a fresh Builder does not build.
+/// Throws also InvalidProfile, after its members are built; a fresh Builder does not build.
 struct NOREL_PAYLOADS_EXPORT Profile::Builder {
     unsigned int id = ID_IS_UNASSIGNED;
     std::string name;

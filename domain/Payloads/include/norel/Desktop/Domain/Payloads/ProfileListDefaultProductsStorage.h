@@ -8,12 +8,12 @@ namespace norel::Desktop::Domain::Payloads {
 /// The factory profiles of the supported products; read only. Several threads may share one.
 class NOREL_PAYLOADS_EXPORT ProfileListDefaultProductsStorage : public ProfileListStorage {
 public:
-    /// Refused: throws the host's unreachable-code error.
+    /// Not supported: throws the host's unreachable-code error.
     void remove() override;
 
     ProfileList read() override;
 
-    /// Refused: throws the host's unreachable-code error.
+    /// Not supported: throws the host's unreachable-code error.
     void write(const ProfileList& list) override;
 };
 

@@ -13,9 +13,9 @@ namespace norel::Desktop::Domain::Payloads {
 /// A profile list in a file, reached through the application's text file store.
 class NOREL_PAYLOADS_EXPORT ProfileListFileStorage : public ProfileListStorage {
 public:
-    /// Makes an empty file, which reads as an empty list, where there is nothing at `path`. When that fails
-    /// nothing is said; the first read then fails. Throws std::filesystem::filesystem_error when it cannot be
-    /// told whether something is there. The pointers must not be null.
+    /// Makes an empty file, which reads as an empty list, where there is nothing at `path`. A failure to make
+    /// it is ignored; the first read then fails. Throws std::filesystem::filesystem_error when the
+    /// existence of the path cannot be determined. The pointers must not be null.
     ProfileListFileStorage(const std::filesystem::path& path,
                            const std::shared_ptr<Storage::TextFileStorage>& textFileStorage,
                            const std::shared_ptr<ProfileListSerializer>& serializer);

@@ -10,31 +10,28 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// The profile list of the processing web service; read only. Each read sends one request and never tries
-/// again. Several threads may read at once where the client allows it.
+/// The profile list of the processing web service; read only. Each read sends one request and does not retry.
+/// Several threads may read at once if the client allows it.
 class NOREL_PAYLOADS_EXPORT ProfileListHttpStorage : public ProfileListStorage {
 public:
-    /// The service gave no usable answer. `read` passes it on as CannotReadProfileList.
+    /// The service gave no usable response. `read` rethrows it as CannotReadProfileList.
     struct NOREL_PAYLOADS_EXPORT CannotCompleteRequest : std::runtime_error {
-        explicit CannotCompleteRequest(const std::string& message);
-        CannotCompleteRequest(const CannotCompleteRequest&) = default;
-        CannotCompleteRequest& operator=(const CannotCompleteRequest&) = default;
-        ~CannotCompleteRequest() override;
+        using std::runtime_error::runtime_error;
     };
 
-    /// `baseUrl` is put right before "api/processing/v1/payload", so it ends with "/"; `requestKey` goes into
-    /// every request. Nothing is checked and nothing is sent. The pointers must not be null.
+    /// `baseUrl` is prepended to "api/processing/v1/payload", so it ends with "/"; `requestKey` is sent with
+    /// every request. Nothing is validated and nothing is sent. The pointers must not be null.
     ProfileListHttpStorage(const std::string& baseUrl,
                            const std::shared_ptr<Networking::Http::HttpClient>& httpClient,
                            const std::string& requestKey,
                            const std::shared_ptr<ProfileListSerializer>& serializer);
 
-    /// Refused: throws the host's unreachable-code error.
+    /// Not supported: throws the host's unreachable-code error.
     void remove() override;
 
     ProfileList read() override;
 
-    /// Refused: throws the host's unreachable-code error.
+    /// Not supported: throws the host's unreachable-code error.
     void write(const ProfileList& list) override;
 
 private:

@@ -8,15 +8,12 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Turns profile lists into the text of a document and back; storages hold one.
+/// Converts profile lists to the text of a document and back.
 class NOREL_PAYLOADS_EXPORT ProfileListSerializer {
 public:
-    /// A text is not a profile-list document; what() says why and where.
+    /// A text is not a profile-list document; what() gives the reason and the path.
     struct NOREL_PAYLOADS_EXPORT ParsingError : std::runtime_error {
         using std::runtime_error::runtime_error;
-        ParsingError(const ParsingError&) = default;
-        ParsingError& operator=(const ParsingError&) = default;
-        ~ParsingError() override;
     };
 
     ProfileListSerializer() = default;
@@ -24,11 +21,11 @@ public:
     ProfileListSerializer& operator=(const ProfileListSerializer&) = default;
     virtual ~ProfileListSerializer();
 
-    /// Throws what the host throws for a value that its format cannot hold, such as text that is not UTF-8.
+    /// Throws the host's error for a value that its format cannot represent, such as text that is not UTF-8.
     virtual std::string serialize(const ProfileList& list) const = 0;
 
-    /// Throws ParsingError for what is no document, and the exceptions of the Builders for a profile that
-    /// breaks a rule. The first failure ends the read; nothing of the list is returned.
+    /// Throws ParsingError for a text that is not a document, and the exceptions of the Builders for a profile
+    /// that breaks a rule. The first failure ends the read; no partial list is returned.
     virtual ProfileList deserialize(const std::string& text) const = 0;
 };
 

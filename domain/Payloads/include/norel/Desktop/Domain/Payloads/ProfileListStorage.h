@@ -7,40 +7,28 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Where a whole profile list is kept. A storage holds no list between calls: every read fetches the current
-/// document, every write replaces it whole. Each error carries the text of its cause unchanged.
+/// Keeps a whole profile list. A storage caches nothing between calls: every read fetches the current document,
+/// every write replaces all of it. Each error has the message of its cause unchanged.
 ///
-/// Threads: a storage has no lock of its own; the application keeps apart the calls that share a document.
+/// Threads: a storage has no lock of its own; the application must serialize access to a document.
 class NOREL_PAYLOADS_EXPORT ProfileListStorage {
 public:
-    /// The document is there but is no profile-list document.
+    /// The document exists but is not a profile-list document.
     struct NOREL_PAYLOADS_EXPORT InvalidContent : std::runtime_error {
         using std::runtime_error::runtime_error;
-        InvalidContent(const InvalidContent&) = default;
-        InvalidContent& operator=(const InvalidContent&) = default;
-        ~InvalidContent() override;
     };
 
     /// The document could not be obtained, or a profile in it breaks a rule of the model.
     struct NOREL_PAYLOADS_EXPORT CannotReadProfileList : std::runtime_error {
         using std::runtime_error::runtime_error;
-        CannotReadProfileList(const CannotReadProfileList&) = default;
-        CannotReadProfileList& operator=(const CannotReadProfileList&) = default;
-        ~CannotReadProfileList() override;
     };
 
     struct NOREL_PAYLOADS_EXPORT CannotWriteProfileList : std::runtime_error {
         using std::runtime_error::runtime_error;
-        CannotWriteProfileList(const CannotWriteProfileList&) = default;
-        CannotWriteProfileList& operator=(const CannotWriteProfileList&) = default;
-        ~CannotWriteProfileList() override;
     };
 
     struct NOREL_PAYLOADS_EXPORT CannotRemoveProfileList : std::runtime_error {
         using std::runtime_error::runtime_error;
-        CannotRemoveProfileList(const CannotRemoveProfileList&) = default;
-        CannotRemoveProfileList& operator=(const CannotRemoveProfileList&) = default;
-        ~CannotRemoveProfileList() override;
     };
 
     ProfileListStorage() = default;

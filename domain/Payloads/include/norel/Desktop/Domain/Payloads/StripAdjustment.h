@@ -4,8 +4,6 @@
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
-#include <utility>
-
 namespace norel::Desktop::Domain::Payloads::StripAdjustment {
 
 /// How the points of a strip are prepared: their neighbourhoods, and the intersections and lines between
@@ -47,13 +45,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Preprocessing(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Preprocessing(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT Preprocessing::Builder {
     Parameter<double>::Builder neighborsSearchRadius;
     Parameter<unsigned int>::Builder minimumNeighborsToBeProcessed;
@@ -94,13 +91,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Sampling(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Sampling(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT Sampling::Builder {
     Parameter<unsigned int>::Builder readFractionDenominator;
     Parameter<unsigned int>::Builder normalSampleSize;
@@ -132,13 +128,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Rejection(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Rejection(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT Rejection::Builder {
     Parameter<double>::Builder maximumAngle;
     Parameter<double>::Builder stdEstimationFactor;
@@ -175,13 +170,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Minimization(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Minimization(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT Minimization::Builder {
     Parameter<double>::Builder lsAngleEpsilon;
     Parameter<double>::Builder lsDistanceEpsilon;
@@ -219,13 +213,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit StripAdjustment(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit StripAdjustment(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT StripAdjustment::Builder {
     Parameter<double>::Builder temporalTimeFrame;
     Sampling::Builder sampling;

@@ -8,7 +8,6 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
 
@@ -39,13 +38,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Imu(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Imu(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Checks the GNSS standard deviation, then builds the members from the last to the first. Throws
-/// std::invalid_argument; a fresh Builder does not build.
+/// Checks the GNSS standard deviation first; a fresh Builder does not build.
 struct NOREL_PAYLOADS_EXPORT Imu::Builder {
     Vector3::Builder leverArm;
     Vector3::Builder leverArmAntenna;
@@ -81,13 +80,13 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Trajectory(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Trajectory(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Checks the stabilized mount, then builds the cameras, the external IMU and the onboard IMU. Throws
-/// std::invalid_argument; a fresh Builder does not build.
+/// Checks the stabilized mount first; a fresh Builder does not build.
 struct NOREL_PAYLOADS_EXPORT Trajectory::Builder {
     Imu::Builder imuOnboard;
     std::optional<Imu::Builder> imuExternal;

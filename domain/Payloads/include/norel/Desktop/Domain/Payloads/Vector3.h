@@ -4,8 +4,6 @@
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
-#include <utility>
-
 namespace norel::Desktop::Domain::Payloads {
 
 /// Three coordinates: a lever arm, an offset or a per-axis accuracy, in metres ("m") in the factory
@@ -30,13 +28,12 @@ private:
         bool operator==(const Fields&) const = default;
     };
 
-    explicit Vector3(Fields&& fields) : fields(std::move(fields)) {}
+    template <typename MakeFields>
+    explicit Vector3(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
 
-/// Builds the members from the last to the first. Throws std::invalid_argument with the message of the first
-/// that fails.
 struct NOREL_PAYLOADS_EXPORT Vector3::Builder {
     Parameter<double>::Builder x;
     Parameter<double>::Builder y;

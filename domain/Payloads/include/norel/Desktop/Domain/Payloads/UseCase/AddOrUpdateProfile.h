@@ -8,16 +8,16 @@
 
 namespace norel::Desktop::Domain::Payloads::UseCase {
 
-/// Stores a profile: in the place of the stored one of its id, or at the end of the list. One
-/// read-change-write cycle, not atomic: the application keeps apart the use cases that share a storage.
+/// Stores a profile: replaces the stored one of the same id, or appends it to the list. One read-change-write
+/// cycle, not atomic: the application must serialize the use cases that share a storage.
 class NOREL_PAYLOADS_EXPORT AddOrUpdateProfile {
 public:
     /// Throws std::runtime_error that names the first pointer that is null.
     AddOrUpdateProfile(const std::shared_ptr<ProfileListStorage>& profileListStorage,
                        const std::shared_ptr<DateTime::ClockProvider>& clockProvider);
 
-    /// Stamps the caller's profile with the current time (both times when it is added, the modification time
-    /// when it is updated), numbers it when it is added, and stores it. Throws what the storage and the clock
+    /// Sets the times of the caller's profile to the current time (both when it is added, the modification time
+    /// when it is updated), assigns an id to it when it is added (ProfileList::add), and stores it. Throws what the storage and the clock
     /// throw; after a failed read the caller's profile is as it was.
     void execute(Profile& profile);
 

@@ -13,7 +13,7 @@ public:
     /// Throws std::runtime_error that names the first pointer that is null.
     explicit DeleteProfile(const std::shared_ptr<ProfileListStorage>& profileListStorage);
 
-    /// Writes the storage only when it holds a profile of that id. Throws what the storage throws.
+    /// Writes the storage only when it has a profile of that id. Throws what the storage throws.
     void execute(unsigned int id);
 
 private:

@@ -15,9 +15,9 @@ public:
     MergeProfileStorages(const std::shared_ptr<ProfileListStorage>& sourceStorage,
                          const std::shared_ptr<ProfileListStorage>& destinationStorage);
 
-    /// Names are compared byte for byte; of source profiles of one name the first is taken. The destination's
-    /// own profiles stay as they are; a profile added keeps its time stamps, and its id where that is free.
-    /// The destination is written also when nothing is added. Throws what the storages throw.
+    /// Names are compared byte for byte; of several source profiles with one name the first is copied. Profiles
+    /// of the destination are not changed; a copied profile keeps its times, and its id where that is free.
+    /// The destination is written even when nothing is added. Throws what the storages throw.
     void execute();
 
 private:
