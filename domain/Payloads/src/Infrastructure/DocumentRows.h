@@ -3,215 +3,104 @@
 #include "ValueAccess.h"
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 
-#include <optional>
 #include <string>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// The document form of a value: `rows()`, in the order in which its keys are written and read. See
-/// DocumentTables.h.
+/// The document form of a value: `rows()`, in the order in which its keys are written. See DocumentTables.h.
 template <typename Value>
 struct DocumentTable;
 
 /// What the rows of a table name: the fields of the value and the members of its builder.
 template <typename Value>
 struct DocumentTableOf {
-    using Fields = std::remove_cvref_t<decltype(ValueAccess::fieldsOf(std::declval<const Value&>()))>;
+    using Fields = ValueAccess::Fields<Value>;
     using Builder = typename Value::Builder;
 };
 
-/// The positions of the rows in the order in which a value is read.
+template <typename Value>
+inline constexpr std::size_t NUMBER_OF_ROWS =
+    std::tuple_size_v<std::remove_cvref_t<decltype(DocumentTable<Value>::rows())>>;
+
+/// The positions of the rows in the order in which a value is read, which decides the error that is reported
+/// first.
 template <typename Value>
 struct ReadingOrder {
-    using Rows = std::remove_cvref_t<decltype(DocumentTable<Value>::rows())>;
-    using Positions = std::make_index_sequence<std::tuple_size_v<Rows>>;
+    using Positions = std::make_index_sequence<NUMBER_OF_ROWS<Value>>;
 };
 
 inline constexpr unsigned int VALUE_ONLY = JsonProfileListSerializer::Options::VALUE_ONLY;
 inline constexpr unsigned int NO_UNIT = JsonProfileListSerializer::Options::NO_UNIT;
 inline constexpr unsigned int NO_CONSTRAINTS = JsonProfileListSerializer::Options::NO_CONSTRAINTS;
 
-/// Fills a builder member by member from the object at a path.
-class DocumentReader {
-public:
-    using Options = JsonProfileListSerializer::Options;
-    using JsonPath = JsonProfileListSerializer::JsonPath;
-
-    DocumentReader(const JsonProfileListSerializer& serializer, const JsonPath& path, Options received)
-        : received(received), serializer(serializer), path(path) {}
-
-    bool contains(const std::string& key) const { return path.contains(key); }
-    bool isOptionalSet(const std::string& key) const { return path.isOptionalSet(key); }
-
-    template <typename Member>
-    void read(const std::string& key, Member& member, Options options) const {
-        serializer.fromJson(JsonPath(path, path.getMember(key), key), member, options);
-    }
-
-    template <typename Item>
-    void readItem(const DataFormat::Json& element, unsigned int index, Item& item) const {
-        serializer.fromJson(JsonPath(path, element, index), item, Options());
-    }
-
-    const Options received;
-
-private:
-    const JsonProfileListSerializer& serializer;
-    const JsonPath& path;
+/// When a member stands in its object.
+enum class Presence {
+    Required,  ///< always written, and required to be read
+    Optional,  ///< written when the value has it; reads as absent when it is absent or null
+    Defaulted, ///< left out, and may be absent to be read, when it equals the member of a fresh builder
 };
 
-/// Sets the members of an object one by one.
-class DocumentWriter {
-public:
+/// One member of an object: a declaration, which everything that walks documents stands on.
+template <Presence PRESENCE, typename Fields, typename Field, typename Builder, typename Member>
+struct Row {
     using Options = JsonProfileListSerializer::Options;
 
-    DocumentWriter(const JsonProfileListSerializer& serializer, Options received, std::size_t members)
-        : received(received), serializer(serializer) {
-        reserve(object, members);
-    }
+    static constexpr Presence presence = PRESENCE;
 
-    template <typename Field>
-    void write(const std::string& key, const Field& field, Options options) {
-        object.set(key, serializer.toJson(field, options));
-    }
-
-    DataFormat::Json takeObject() { return std::move(object); }
-
-    const Options received;
-
-private:
-    /// The host's contract does not ask for it.
-    template <typename AnyJson>
-    static void reserve(AnyJson& object, std::size_t members) {
-        if constexpr (requires { object.reserve(members); })
-            object.reserve(members);
-    }
-
-    const JsonProfileListSerializer& serializer;
-    DataFormat::Json object;
-};
-
-// The kinds of rows. Each names a key, the field written there and the builder's member read from it.
-
-/// A member that is always written and must be there to be read.
-template <typename Field, typename Member>
-struct Required {
     std::string key;
-    Field field;
-    Member member;
-    JsonProfileListSerializer::Options options{};
+    Field Fields::*field;        ///< where the member is written from
+    Member Builder::*member;     ///< where it is read to
+    Options options{};           ///< the flags that the member is given
+    bool passesOptions = false;  ///< whether it is given the flags of its object instead
+    unsigned int excludedBy = 0; ///< the flags of the object that leave the member out of it
 
-    bool isWritten(const auto& /*fields*/, auto /*received*/) const { return true; }
-    void write(DocumentWriter& writer, const auto& fields) const {
-        writer.write(key, fields.*field, options);
+    Row passingOptions() const {
+        Row row = *this;
+        row.passesOptions = true;
+        return row;
     }
-    void read(const DocumentReader& reader, auto& builder) const {
-        reader.read(key, builder.*member, options);
+
+    Row unless(unsigned int flags) const {
+        Row row = *this;
+        row.excludedBy = flags;
+        return row;
     }
-};
 
-/// A required member that is given the flags which the object itself was given.
-template <typename Field, typename Member>
-struct PassingOptions {
-    std::string key;
-    Field field;
-    Member member;
+    Options getOptions(Options ofObject) const { return passesOptions ? ofObject : options; }
 
-    bool isWritten(const auto& /*fields*/, auto /*received*/) const { return true; }
-    void write(DocumentWriter& writer, const auto& fields) const {
-        writer.write(key, fields.*field, writer.received);
-    }
-    void read(const DocumentReader& reader, auto& builder) const {
-        reader.read(key, builder.*member, reader.received);
-    }
-};
+    /// Whether the member belongs to an object of these flags.
+    bool isIncluded(Options ofObject) const { return !ofObject.hasAny(excludedBy); }
 
-/// A member that is left out when the value has none; null reads as left out.
-template <typename Field, typename Member>
-struct Optional {
-    std::string key;
-    Field field;
-    Member member;
-
-    bool isWritten(const auto& fields, auto /*received*/) const { return (fields.*field).has_value(); }
-    void write(DocumentWriter& writer, const auto& fields) const { writer.write(key, *(fields.*field), {}); }
-    void read(const DocumentReader& reader, auto& builder) const {
-        (builder.*member).reset();
-        if (reader.isOptionalSet(key))
-            reader.read(key, (builder.*member).emplace(), {});
+    bool isWritten(const Fields& fields, Options ofObject) const {
+        if (!isIncluded(ofObject))
+            return false;
+        if constexpr (presence == Presence::Defaulted) {
+            static const Builder fresh;
+            return fields.*field != fresh.*member;
+        } else if constexpr (presence == Presence::Optional && requires { (fields.*field).has_value(); }) {
+            return (fields.*field).has_value();
+        } else {
+            return true;
+        }
     }
 };
 
-/// A member that is always written, but may be left out or null to be read; the builder then keeps what it
-/// has.
-template <typename Field, typename Member>
-struct WrittenAlways {
-    std::string key;
-    Field field;
-    Member member;
+template <typename Fields, typename Field, typename Builder, typename Member>
+auto required(const char* key, Field Fields::*field, Member Builder::*member, unsigned int options = 0) {
+    return Row<Presence::Required, Fields, Field, Builder, Member>{key, field, member, options};
+}
 
-    bool isWritten(const auto& /*fields*/, auto /*received*/) const { return true; }
-    void write(DocumentWriter& writer, const auto& fields) const { writer.write(key, fields.*field, {}); }
-    void read(const DocumentReader& reader, auto& builder) const {
-        if (reader.isOptionalSet(key))
-            reader.read(key, builder.*member, {});
-    }
-};
+template <typename Fields, typename Field, typename Builder, typename Member>
+auto optional(const char* key, Field Fields::*field, Member Builder::*member) {
+    return Row<Presence::Optional, Fields, Field, Builder, Member>{key, field, member};
+}
 
-/// A required member that is passed over where the object was given any of the flags `unless`.
-template <typename Field, typename Member>
-struct RequiredUnless {
-    unsigned int unless;
-    std::string key;
-    Field field;
-    Member member;
-
-    bool isWritten(const auto& /*fields*/, auto received) const { return !received.hasAny(unless); }
-    void write(DocumentWriter& writer, const auto& fields) const { writer.write(key, fields.*field, {}); }
-    void read(const DocumentReader& reader, auto& builder) const {
-        if (!reader.received.hasAny(unless))
-            reader.read(key, builder.*member, {});
-    }
-};
-
-/// A member that is left out when it equals `defaultValue`, and passed over as RequiredUnless is.
-template <typename Field, typename Member, typename Default>
-struct DefaultedUnless {
-    unsigned int unless;
-    std::string key;
-    Field field;
-    Member member;
-    Default defaultValue;
-
-    bool isWritten(const auto& fields, auto received) const {
-        return !received.hasAny(unless) && fields.*field != defaultValue;
-    }
-    void write(DocumentWriter& writer, const auto& fields) const { writer.write(key, fields.*field, {}); }
-    void read(const DocumentReader& reader, auto& builder) const {
-        if (reader.received.hasAny(unless))
-            return;
-        if (reader.contains(key))
-            reader.read(key, builder.*member, {});
-        else
-            builder.*member = defaultValue;
-    }
-};
-
-template <typename Field, typename Member>
-Required(const char*, Field, Member) -> Required<Field, Member>;
-template <typename Field, typename Member>
-Required(const char*, Field, Member, unsigned int) -> Required<Field, Member>;
-template <typename Field, typename Member>
-PassingOptions(const char*, Field, Member) -> PassingOptions<Field, Member>;
-template <typename Field, typename Member>
-Optional(const char*, Field, Member) -> Optional<Field, Member>;
-template <typename Field, typename Member>
-WrittenAlways(const char*, Field, Member) -> WrittenAlways<Field, Member>;
-template <typename Field, typename Member>
-RequiredUnless(unsigned int, const char*, Field, Member) -> RequiredUnless<Field, Member>;
-template <typename Field, typename Member, typename Default>
-DefaultedUnless(unsigned int, const char*, Field, Member, Default) -> DefaultedUnless<Field, Member, Default>;
+template <typename Fields, typename Field, typename Builder, typename Member>
+auto defaulted(const char* key, Field Fields::*field, Member Builder::*member) {
+    return Row<Presence::Defaulted, Fields, Field, Builder, Member>{key, field, member};
+}
 
 } // namespace norel::Desktop::Domain::Payloads

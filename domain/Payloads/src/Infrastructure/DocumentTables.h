@@ -14,15 +14,14 @@ struct DocumentTable<Parameter<T>> : DocumentTableOf<Parameter<T>> {
 
     static const auto& rows() {
         static const std::tuple table{
-            RequiredUnless{VALUE_ONLY, "defaultValue", &Fields::defaultValue, &Fields::defaultValue},
-            DefaultedUnless{VALUE_ONLY, "presets", &Fields::presets, &Fields::presets,
-                            std::map<std::string, T>{}},
-            RequiredUnless{VALUE_ONLY | NO_CONSTRAINTS, "minimum", &Fields::minimum, &Fields::minimum},
-            RequiredUnless{VALUE_ONLY | NO_CONSTRAINTS, "maximum", &Fields::maximum, &Fields::maximum},
-            DefaultedUnless{VALUE_ONLY | NO_CONSTRAINTS, "precision", &Fields::precision, &Fields::precision,
-                            1.0},
-            Required{"value", &Fields::value, &Fields::value},
-            RequiredUnless{NO_UNIT, "unit", &Fields::unit, &Fields::unit}};
+            required("defaultValue", &Fields::defaultValue, &Fields::defaultValue).unless(VALUE_ONLY),
+            defaulted("presets", &Fields::presets, &Fields::presets).unless(VALUE_ONLY),
+            required("minimum", &Fields::minimum, &Fields::minimum).unless(VALUE_ONLY | NO_CONSTRAINTS),
+            required("maximum", &Fields::maximum, &Fields::maximum).unless(VALUE_ONLY | NO_CONSTRAINTS),
+            defaulted("precision", &Fields::precision, &Fields::precision)
+                .unless(VALUE_ONLY | NO_CONSTRAINTS),
+            required("value", &Fields::value, &Fields::value),
+            required("unit", &Fields::unit, &Fields::unit).unless(NO_UNIT)};
         return table;
     }
 };
@@ -37,14 +36,14 @@ template <>
 struct DocumentTable<Profile> : DocumentTableOf<Profile> {
     static const auto& rows() {
         static const std::tuple table{
-            Required{"id", &Fields::id, &Builder::id},
-            Required{"name", &Fields::name, &Builder::name},
-            Required{Keys::PRODUCT, &Fields::product, &Builder::product},
-            WrittenAlways{"serial_number", &Fields::serialNumber, &Builder::serialNumber},
-            Required{"creation_time", &Fields::creationTime, &Builder::creationTime},
-            Required{"last_modification_time", &Fields::lastModificationTime, &Builder::lastModificationTime},
-            Optional{Keys::LIDAR, &Fields::lidar, &Builder::lidar},
-            Required{"trajectory", &Fields::trajectory, &Builder::trajectory}};
+            required("id", &Fields::id, &Builder::id),
+            required("name", &Fields::name, &Builder::name),
+            required(Keys::PRODUCT, &Fields::product, &Builder::product),
+            optional("serial_number", &Fields::serialNumber, &Builder::serialNumber),
+            required("creation_time", &Fields::creationTime, &Builder::creationTime),
+            required("last_modification_time", &Fields::lastModificationTime, &Builder::lastModificationTime),
+            optional(Keys::LIDAR, &Fields::lidar, &Builder::lidar),
+            required("trajectory", &Fields::trajectory, &Builder::trajectory)};
         return table;
     }
 };
@@ -53,10 +52,10 @@ template <>
 struct DocumentTable<Trajectory> : DocumentTableOf<Trajectory> {
     static const auto& rows() {
         static const std::tuple table{
-            Required{"imu_onboard", &Fields::imuOnboard, &Builder::imuOnboard},
-            Optional{"imu_external", &Fields::imuExternal, &Builder::imuExternal},
-            Required{"cameras", &Fields::cameras, &Builder::cameras},
-            Required{"stabilized_mount", &Fields::stabilizedMount, &Builder::stabilizedMount}};
+            required("imu_onboard", &Fields::imuOnboard, &Builder::imuOnboard),
+            optional("imu_external", &Fields::imuExternal, &Builder::imuExternal),
+            required("cameras", &Fields::cameras, &Builder::cameras),
+            required("stabilized_mount", &Fields::stabilizedMount, &Builder::stabilizedMount)};
         return table;
     }
 };
@@ -65,13 +64,13 @@ template <>
 struct DocumentTable<Imu> : DocumentTableOf<Imu> {
     static const auto& rows() {
         static const std::tuple table{
-            Required{"lever_arm", &Fields::leverArm, &Builder::leverArm},
-            Required{"lever_arm_antenna", &Fields::leverArmAntenna, &Builder::leverArmAntenna},
-            Required{"mounting_angles", &Fields::mountingAngles, &Builder::mountingAngles},
-            Required{"mounting_angles_aircraft", &Fields::mountingAnglesAircraft,
-                     &Builder::mountingAnglesAircraft},
-            Required{"gnss_standard_deviation", &Fields::gnssStandardDeviation,
-                     &Builder::gnssStandardDeviation}};
+            required("lever_arm", &Fields::leverArm, &Builder::leverArm),
+            required("lever_arm_antenna", &Fields::leverArmAntenna, &Builder::leverArmAntenna),
+            required("mounting_angles", &Fields::mountingAngles, &Builder::mountingAngles),
+            required("mounting_angles_aircraft", &Fields::mountingAnglesAircraft,
+                     &Builder::mountingAnglesAircraft),
+            required("gnss_standard_deviation", &Fields::gnssStandardDeviation,
+                     &Builder::gnssStandardDeviation)};
         return table;
     }
 };
@@ -80,11 +79,11 @@ template <>
 struct DocumentTable<Camera> : DocumentTableOf<Camera> {
     static const auto& rows() {
         static const std::tuple table{
-            Required{"orientation", &Fields::orientation, &Builder::orientation},
-            Required{"lever_arm", &Fields::leverArm, &Builder::leverArm},
-            Required{"boresight_angles", &Fields::boresightAngles, &Builder::boresightAngles},
-            Required{"kappa_cardinal", &Fields::kappaCardinal, &Builder::kappaCardinal, NO_CONSTRAINTS},
-            Required{"event_time_shift", &Fields::eventTimeShift, &Builder::eventTimeShift}};
+            required("orientation", &Fields::orientation, &Builder::orientation),
+            required("lever_arm", &Fields::leverArm, &Builder::leverArm),
+            required("boresight_angles", &Fields::boresightAngles, &Builder::boresightAngles),
+            required("kappa_cardinal", &Fields::kappaCardinal, &Builder::kappaCardinal, NO_CONSTRAINTS),
+            required("event_time_shift", &Fields::eventTimeShift, &Builder::eventTimeShift)};
         return table;
     }
 };
@@ -93,20 +92,20 @@ template <>
 struct DocumentTable<Lidar> : DocumentTableOf<Lidar> {
     static const auto& rows() {
         static const std::tuple table{
-            Required{"file_extension", &Fields::fileExtension, &Builder::fileExtension},
-            Required{"imu_latency", &Fields::imuLatency, &Builder::imuLatency},
-            Required{"alignment", &Fields::alignment, &Builder::alignment},
-            Required{"lever_arm", &Fields::leverArm, &Builder::leverArm},
-            Required{"georeferencing", &Fields::georeferencing, &Builder::georeferencing},
-            Required{"boresight_calibration", &Fields::boresightCalibration, &Builder::boresightCalibration},
-            Required{Keys::PRECISION_ENHANCEMENT, &Fields::precisionEnhancement,
-                     &Builder::precisionEnhancement},
-            Required{"lidar_coverage_preview", &Fields::lidarCoveragePreview, &Builder::lidarCoveragePreview},
-            Required{Keys::STRIP_ADJUSTMENT, &Fields::stripAdjustment, &Builder::stripAdjustment},
-            Required{Keys::GROUND_CLASSIFICATION, &Fields::groundClassification,
-                     &Builder::groundClassification},
-            Required{Keys::POINT_CLOUD_DIRECT_COLORIZATION, &Fields::pointCloudDirectColorization,
-                     &Builder::pointCloudDirectColorization}};
+            required("file_extension", &Fields::fileExtension, &Builder::fileExtension),
+            required("imu_latency", &Fields::imuLatency, &Builder::imuLatency),
+            required("alignment", &Fields::alignment, &Builder::alignment),
+            required("lever_arm", &Fields::leverArm, &Builder::leverArm),
+            required("georeferencing", &Fields::georeferencing, &Builder::georeferencing),
+            required("boresight_calibration", &Fields::boresightCalibration, &Builder::boresightCalibration),
+            required(Keys::PRECISION_ENHANCEMENT, &Fields::precisionEnhancement,
+                     &Builder::precisionEnhancement),
+            required("lidar_coverage_preview", &Fields::lidarCoveragePreview, &Builder::lidarCoveragePreview),
+            required(Keys::STRIP_ADJUSTMENT, &Fields::stripAdjustment, &Builder::stripAdjustment),
+            required(Keys::GROUND_CLASSIFICATION, &Fields::groundClassification,
+                     &Builder::groundClassification),
+            required(Keys::POINT_CLOUD_DIRECT_COLORIZATION, &Fields::pointCloudDirectColorization,
+                     &Builder::pointCloudDirectColorization)};
         return table;
     }
 };
@@ -115,9 +114,9 @@ template <>
 struct DocumentTable<Georeferencing> : DocumentTableOf<Georeferencing> {
     static const auto& rows() {
         static const std::tuple table{
-            Optional{"boresight_angles", &Fields::boresightAngles, &Builder::boresightAngles},
-            Optional{"calibration_document", &Fields::calibrationDocument, &Builder::calibrationDocument},
-            Required{"field_of_views", &Fields::fieldOfViews, &Builder::fieldOfViews}};
+            optional("boresight_angles", &Fields::boresightAngles, &Builder::boresightAngles),
+            optional("calibration_document", &Fields::calibrationDocument, &Builder::calibrationDocument),
+            required("field_of_views", &Fields::fieldOfViews, &Builder::fieldOfViews)};
         return table;
     }
 };
@@ -125,8 +124,8 @@ struct DocumentTable<Georeferencing> : DocumentTableOf<Georeferencing> {
 template <>
 struct DocumentTable<CalibrationDocument> : DocumentTableOf<CalibrationDocument> {
     static const auto& rows() {
-        static const std::tuple table{Required{"name", &Fields::name, &Builder::name},
-                                      Required{"content", &Fields::content, &Builder::content}};
+        static const std::tuple table{required("name", &Fields::name, &Builder::name),
+                                      required("content", &Fields::content, &Builder::content)};
         return table;
     }
 };
@@ -134,9 +133,9 @@ struct DocumentTable<CalibrationDocument> : DocumentTableOf<CalibrationDocument>
 template <>
 struct DocumentTable<FieldOfView> : DocumentTableOf<FieldOfView> {
     static const auto& rows() {
-        static const std::tuple table{Required{"view", &Fields::view, &Builder::view},
-                                      Required{"filter", &Fields::filter, &Builder::filter},
-                                      Required{"is_default", &Fields::isDefault, &Builder::isDefault}};
+        static const std::tuple table{required("view", &Fields::view, &Builder::view),
+                                      required("filter", &Fields::filter, &Builder::filter),
+                                      required("is_default", &Fields::isDefault, &Builder::isDefault)};
         return table;
     }
 };
@@ -144,9 +143,9 @@ struct DocumentTable<FieldOfView> : DocumentTableOf<FieldOfView> {
 template <>
 struct DocumentTable<FieldOfViewRange> : DocumentTableOf<FieldOfViewRange> {
     static const auto& rows() {
-        static const std::tuple table{Required{"minimum", &Fields::minimum, &Builder::minimum},
-                                      Required{"maximum", &Fields::maximum, &Builder::maximum},
-                                      Required{"unit", &Fields::unit, &Builder::unit}};
+        static const std::tuple table{required("minimum", &Fields::minimum, &Builder::minimum),
+                                      required("maximum", &Fields::maximum, &Builder::maximum),
+                                      required("unit", &Fields::unit, &Builder::unit)};
         return table;
     }
 };
@@ -155,14 +154,14 @@ template <>
 struct DocumentTable<BoresightCalibration> : DocumentTableOf<BoresightCalibration> {
     static const auto& rows() {
         static const std::tuple table{
-            Required{"field_of_view", &Fields::fieldOfView, &Builder::fieldOfView},
-            Required{"initial_boresight_angles", &Fields::initialBoresightAngles,
-                     &Builder::initialBoresightAngles},
-            Required{"number_of_criteria", &Fields::numberOfCriteria, &Builder::numberOfCriteria, NO_UNIT},
-            Required{"lever_arm_accuracy", &Fields::leverArmAccuracy, &Builder::leverArmAccuracy, VALUE_ONLY},
-            Required{"position_accuracy", &Fields::positionAccuracy, &Builder::positionAccuracy, VALUE_ONLY},
-            Required{"attitude_accuracy", &Fields::attitudeAccuracy, &Builder::attitudeAccuracy, VALUE_ONLY},
-            Required{"lidar_accuracy", &Fields::lidarAccuracy, &Builder::lidarAccuracy, VALUE_ONLY}};
+            required("field_of_view", &Fields::fieldOfView, &Builder::fieldOfView),
+            required("initial_boresight_angles", &Fields::initialBoresightAngles,
+                     &Builder::initialBoresightAngles),
+            required("number_of_criteria", &Fields::numberOfCriteria, &Builder::numberOfCriteria, NO_UNIT),
+            required("lever_arm_accuracy", &Fields::leverArmAccuracy, &Builder::leverArmAccuracy, VALUE_ONLY),
+            required("position_accuracy", &Fields::positionAccuracy, &Builder::positionAccuracy, VALUE_ONLY),
+            required("attitude_accuracy", &Fields::attitudeAccuracy, &Builder::attitudeAccuracy, VALUE_ONLY),
+            required("lidar_accuracy", &Fields::lidarAccuracy, &Builder::lidarAccuracy, VALUE_ONLY)};
         return table;
     }
 };
@@ -170,9 +169,9 @@ struct DocumentTable<BoresightCalibration> : DocumentTableOf<BoresightCalibratio
 template <>
 struct DocumentTable<Vector3> : DocumentTableOf<Vector3> {
     static const auto& rows() {
-        static const std::tuple table{PassingOptions{"x", &Fields::x, &Builder::x},
-                                      PassingOptions{"y", &Fields::y, &Builder::y},
-                                      PassingOptions{"z", &Fields::z, &Builder::z}};
+        static const std::tuple table{required("x", &Fields::x, &Builder::x).passingOptions(),
+                                      required("y", &Fields::y, &Builder::y).passingOptions(),
+                                      required("z", &Fields::z, &Builder::z).passingOptions()};
         return table;
     }
 };
@@ -180,9 +179,9 @@ struct DocumentTable<Vector3> : DocumentTableOf<Vector3> {
 template <>
 struct DocumentTable<Angles3> : DocumentTableOf<Angles3> {
     static const auto& rows() {
-        static const std::tuple table{PassingOptions{"roll", &Fields::roll, &Builder::roll},
-                                      PassingOptions{"pitch", &Fields::pitch, &Builder::pitch},
-                                      PassingOptions{"yaw", &Fields::yaw, &Builder::yaw}};
+        static const std::tuple table{required("roll", &Fields::roll, &Builder::roll).passingOptions(),
+                                      required("pitch", &Fields::pitch, &Builder::pitch).passingOptions(),
+                                      required("yaw", &Fields::yaw, &Builder::yaw).passingOptions()};
         return table;
     }
 };
@@ -190,9 +189,9 @@ struct DocumentTable<Angles3> : DocumentTableOf<Angles3> {
 template <>
 struct DocumentTable<CameraAngles3> : DocumentTableOf<CameraAngles3> {
     static const auto& rows() {
-        static const std::tuple table{Required{"Tx", &Fields::tx, &Builder::tx},
-                                      Required{"Ty", &Fields::ty, &Builder::ty},
-                                      Required{"Tz", &Fields::tz, &Builder::tz}};
+        static const std::tuple table{required("Tx", &Fields::tx, &Builder::tx),
+                                      required("Ty", &Fields::ty, &Builder::ty),
+                                      required("Tz", &Fields::tz, &Builder::tz)};
         return table;
     }
 };
@@ -200,9 +199,9 @@ struct DocumentTable<CameraAngles3> : DocumentTableOf<CameraAngles3> {
 template <>
 struct DocumentTable<MountingAngles3> : DocumentTableOf<MountingAngles3> {
     static const auto& rows() {
-        static const std::tuple table{Required{"x", &Fields::x, &Builder::x, NO_CONSTRAINTS},
-                                      Required{"y", &Fields::y, &Builder::y, NO_CONSTRAINTS},
-                                      Required{"z", &Fields::z, &Builder::z, NO_CONSTRAINTS}};
+        static const std::tuple table{required("x", &Fields::x, &Builder::x, NO_CONSTRAINTS),
+                                      required("y", &Fields::y, &Builder::y, NO_CONSTRAINTS),
+                                      required("z", &Fields::z, &Builder::z, NO_CONSTRAINTS)};
         return table;
     }
 };

@@ -11,11 +11,12 @@ std::span<const DocumentVersion> documentVersions() {
     using namespace EmbeddedDocuments;
     using namespace Keys;
     static const std::array table{
-        DocumentVersion{2,
-                        version2(),
-                        {{LIDAR, STRIP_ADJUSTMENT},
-                         {LIDAR, PRECISION_ENHANCEMENT, AVERAGE_POINT_CLOUD_THICKNESS},
-                         {LIDAR, PRECISION_ENHANCEMENT, MORPHOLOGICAL_REJECTION, AVERAGE_POINT_CLOUD_DENSITY}}},
+        DocumentVersion{
+            2,
+            version2(),
+            {{LIDAR, STRIP_ADJUSTMENT},
+             {LIDAR, PRECISION_ENHANCEMENT, AVERAGE_POINT_CLOUD_THICKNESS},
+             {LIDAR, PRECISION_ENHANCEMENT, MORPHOLOGICAL_REJECTION, AVERAGE_POINT_CLOUD_DENSITY}}},
         DocumentVersion{3, version3(), {{LIDAR, GROUND_CLASSIFICATION}}},
         DocumentVersion{4, version4(), {{LIDAR, POINT_CLOUD_DIRECT_COLORIZATION}}},
         DocumentVersion{5, version5(), {{LIDAR, GROUND_CLASSIFICATION, DSM}}}};

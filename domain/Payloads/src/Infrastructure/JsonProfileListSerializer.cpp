@@ -1,10 +1,8 @@
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 
-#include "DocumentTables.h"
-#include "ParsingErrors.h"
+#include "DocumentTree.h"
 #include "norel/Desktop/DateTime/DateTimeConversion.h"
 
-#include <typeinfo>
 
 namespace norel::Desktop::Domain::Payloads {
 namespace {
@@ -16,103 +14,18 @@ using Serializer = JsonProfileListSerializer;
 
 constexpr int INDENTATION = 4;
 
-template <typename Value>
-Json writeObject(const Serializer& serializer, const Value& value, Options options) {
-    const auto& fields = ValueAccess::fieldsOf(value);
-    const auto isWritten = [&](const auto& row) { return row.isWritten(fields, options); };
-    return std::apply(
-        [&](const auto&... rows) {
-            DocumentWriter writer(serializer, options, (std::size_t(isWritten(rows)) + ...));
-            ((isWritten(rows) ? rows.write(writer, fields) : void()), ...);
-            return writer.takeObject();
-        },
-        DocumentTable<Value>::rows());
-}
-
-template <typename Value>
-void readObject(const Serializer& serializer, const JsonPath& path, typename Value::Builder& builder,
-                Options options) {
-    const DocumentReader reader(serializer, path, options);
-    const auto readRow = [&](const auto& row) { row.read(reader, builder); };
-    const auto readRows = [&]<std::size_t... I>(std::index_sequence<I...>) {
-        (readRow(std::get<I>(DocumentTable<Value>::rows())), ...);
-    };
-    readRows(typename ReadingOrder<Value>::Positions());
-}
-
-template <typename Items>
-Json writeArray(const Serializer& serializer, const Items& items) {
-    std::vector<Json> elements;
-    elements.reserve(items.size());
-    for (const auto& item : items)
-        elements.push_back(serializer.toJson(item, Options()));
-    return Json(std::move(elements));
-}
-
-/// The text of the array, made from one small tree an item where the host can, which its contract does not
-/// ask for.
-template <typename AnyJson, typename Items>
-std::string writeArrayText(const Serializer& serializer, const Items& items) {
-    const auto makeElement = [&](std::size_t i) { return serializer.toJson(items[i], Options()); };
-    if constexpr (requires { AnyJson::arrayToString(items.size(), makeElement, INDENTATION); })
-        return AnyJson::arrayToString(items.size(), makeElement, INDENTATION);
-    else
-        return writeArray(serializer, items).toString(INDENTATION);
-}
-
-/// Reads each element into a fresh item and hands it to `take`.
-template <typename Item, typename Take>
-void readArray(const Serializer& serializer, const JsonPath& path, DataFormat::JsonConstIterator element,
-               const Take& take) {
-    const DocumentReader reader(serializer, path, Options());
-    const auto end = path.getValue().end();
-    for (unsigned int index = 0; element != end; ++element, ++index) {
-        Item item;
-        reader.readItem(*element, index, item);
-        take(std::move(item));
-    }
-}
-
-template <typename Item>
-void readArray(const Serializer& serializer, const JsonPath& path, std::vector<Item>& items) {
-    const auto begin = withPath(path, [&] { return path.getValue().begin(); });
-    readArray<Item>(serializer, path, begin, [&](Item&& item) { items.push_back(std::move(item)); });
-}
-
-/// A growing list would hold its profiles twice. The bound keeps a short text from claiming much.
-void reserveProfiles(ProfileList& list, const Json& array) {
-    constexpr std::size_t maximum = 2000;
-    std::size_t count = 0;
-    const auto end = array.end();
-    for (auto element = array.begin(); count < maximum && element != end; ++element)
-        ++count;
-    ValueAccess::reserve(list, count);
-}
-
-template <typename Leaf>
-void readLeaf(const JsonPath& path, Leaf& target) {
-    target = withPath(path, [&] { return path.getValue().as<Leaf>(); });
-}
-
 } // namespace
 
-ProfileListSerializer::ParsingError::~ParsingError() = default;
 ProfileListSerializer::~ProfileListSerializer() = default;
 
 std::string Serializer::serialize(const ProfileList& list) const {
-    if (typeid(*this) == typeid(Serializer)) { // a derived one may override toJson of the list
-        try {
-            return writeArrayText<Json>(*this, ValueAccess::profilesOf(list));
-        } catch (const Json::JsonError&) { // the whole list tells which of its errors comes first
-        }
-    }
     return toJson(list, Options()).toString(INDENTATION);
 }
 
 ProfileList Serializer::deserialize(const std::string& text) const {
-    ProfileList list;
     if (text.empty())
-        return list;
+        return {};
+    ProfileList list;
     try {
         fromJson(JsonPath(Json::fromString(text)), list, Options());
     } catch (const Json::JsonError& error) {
@@ -263,8 +176,7 @@ Json Serializer::toJson(const double& value, Options /*options*/) const { return
 void Serializer::fromJson(const JsonPath& path, ProfileList& target, Options /*options*/) const {
     reserveProfiles(target, path.getValue());
     readArray<Profile::Builder>(*this, path, path.getValue().begin(), [&](const Profile::Builder& builder) {
-        Profile profile = builder.build();
-        target.add(profile);
+        ValueAccess::append(target, builder.build());
     });
 }
 
@@ -287,117 +199,117 @@ void Serializer::fromJson(const JsonPath& path, DateTime::DateTime& target, Opti
 }
 
 void Serializer::fromJson(const JsonPath& path, Profile::Builder& builder, Options options) const {
-    readObject<Profile>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Trajectory::Builder& builder, Options options) const {
-    readObject<Trajectory>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Camera::Builder& builder, Options options) const {
-    readObject<Camera>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Imu::Builder& builder, Options options) const {
-    readObject<Imu>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Lidar::Builder& builder, Options options) const {
-    readObject<Lidar>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path,
                           PointCloudDirectColorization::PointCloudDirectColorization::Builder& builder,
                           Options options) const {
-    readObject<PointCloudDirectColorization::PointCloudDirectColorization>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, PointCloudDirectColorization::Images::Builder& builder,
                           Options options) const {
-    readObject<PointCloudDirectColorization::Images>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, PointCloudDirectColorization::Distortion::Builder& builder,
                           Options options) const {
-    readObject<PointCloudDirectColorization::Distortion>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, GroundClassification::GroundClassification::Builder& builder,
                           Options options) const {
-    readObject<GroundClassification::GroundClassification>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, GroundClassification::HullProcessing::Builder& builder,
                           Options options) const {
-    readObject<GroundClassification::HullProcessing>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, GroundClassification::InteriorProcessing::Builder& builder,
                           Options options) const {
-    readObject<GroundClassification::InteriorProcessing>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, GroundClassification::Segmentation::Builder& builder,
                           Options options) const {
-    readObject<GroundClassification::Segmentation>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, GroundClassification::Densification::Builder& builder,
                           Options options) const {
-    readObject<GroundClassification::Densification>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, GroundClassification::DigitalSurfaceModel::Builder& builder,
                           Options options) const {
-    readObject<GroundClassification::DigitalSurfaceModel>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, StripAdjustment::StripAdjustment::Builder& builder,
                           Options options) const {
-    readObject<StripAdjustment::StripAdjustment>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, StripAdjustment::Sampling::Builder& builder,
                           Options options) const {
-    readObject<StripAdjustment::Sampling>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, StripAdjustment::Rejection::Builder& builder,
                           Options options) const {
-    readObject<StripAdjustment::Rejection>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, StripAdjustment::Preprocessing::Builder& builder,
                           Options options) const {
-    readObject<StripAdjustment::Preprocessing>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, StripAdjustment::Minimization::Builder& builder,
                           Options options) const {
-    readObject<StripAdjustment::Minimization>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, LidarCoveragePreview::Builder& builder,
                           Options options) const {
-    readObject<LidarCoveragePreview>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, PrecisionEnhancement::Builder& builder,
                           Options options) const {
-    readObject<PrecisionEnhancement>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, MorphologicalRejection::Builder& builder,
                           Options options) const {
-    readObject<MorphologicalRejection>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, CalibrationDocument::Builder& builder,
                           Options options) const {
-    readObject<CalibrationDocument>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, BoresightCalibration::Builder& builder,
                           Options options) const {
-    readObject<BoresightCalibration>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Georeferencing::Builder& builder, Options options) const {
-    readObject<Georeferencing>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, FieldOfView::Builder& builder, Options options) const {
-    readObject<FieldOfView>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, FieldOfViewRange::Builder& builder, Options options) const {
-    readObject<FieldOfViewRange>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, CameraAngles3::Builder& builder, Options options) const {
-    readObject<CameraAngles3>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, MountingAngles3::Builder& builder, Options options) const {
-    readObject<MountingAngles3>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Vector3::Builder& builder, Options options) const {
-    readObject<Vector3>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Angles3::Builder& builder, Options options) const {
-    readObject<Angles3>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, std::map<std::string, int>& target,
                           Options /*options*/) const {
@@ -412,14 +324,14 @@ void Serializer::fromJson(const JsonPath& path, std::map<std::string, double>& t
     readLeaf(path, target);
 }
 void Serializer::fromJson(const JsonPath& path, Parameter<int>::Builder& builder, Options options) const {
-    readObject<Parameter<int>>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Parameter<unsigned int>::Builder& builder,
                           Options options) const {
-    readObject<Parameter<unsigned int>>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, Parameter<double>::Builder& builder, Options options) const {
-    readObject<Parameter<double>>(*this, path, builder, options);
+    readObject(*this, path, builder, options);
 }
 void Serializer::fromJson(const JsonPath& path, std::vector<std::string>& target, Options /*options*/) const {
     readLeaf(path, target);

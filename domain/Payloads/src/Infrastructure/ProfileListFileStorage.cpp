@@ -6,10 +6,6 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-ProfileListStorage::InvalidContent::~InvalidContent() = default;
-ProfileListStorage::CannotReadProfileList::~CannotReadProfileList() = default;
-ProfileListStorage::CannotWriteProfileList::~CannotWriteProfileList() = default;
-ProfileListStorage::CannotRemoveProfileList::~CannotRemoveProfileList() = default;
 ProfileListStorage::~ProfileListStorage() = default;
 
 ProfileListFileStorage::ProfileListFileStorage(

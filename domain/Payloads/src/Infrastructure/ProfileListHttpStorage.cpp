@@ -13,11 +13,6 @@ constexpr const char* SOURCE_FILE = "Infrastructure/ProfileListHttpStorage";
 
 } // namespace
 
-ProfileListHttpStorage::CannotCompleteRequest::CannotCompleteRequest(const std::string& message)
-    : std::runtime_error(message) {}
-
-ProfileListHttpStorage::CannotCompleteRequest::~CannotCompleteRequest() = default;
-
 ProfileListHttpStorage::ProfileListHttpStorage(const std::string& baseUrl,
                                                const std::shared_ptr<HttpClient>& httpClient,
                                                const std::string& requestKey,
@@ -42,7 +37,6 @@ void ProfileListHttpStorage::write(const ProfileList& /*list*/) {
 
 HttpClient::Response ProfileListHttpStorage::request() const {
     HttpClient::Request::Builder request;
-    request.method = HttpClient::Method::Get;
     request.url = baseUrl + RESOURCE;
     request.key = requestKey;
     HttpClient::Response response = [&] {

@@ -10,16 +10,15 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Profile lists as JSON documents: an array of profile objects, indented by four blanks. An empty text is an
-/// empty list. Members of a document that the model does not know are read over.
+/// Profile lists as JSON documents: an array of profile objects, indented by four spaces. An empty text is an
+/// empty list. Unknown members of a document are ignored.
 ///
-/// Every type of the model has a pair of virtual operations. `toJson` gives a value's JSON; `fromJson` fills
-/// a builder from the JSON at a path, throwing ParsingError that ends in " at " and the path, and checks no
-/// rule of the model. They call one another through the virtual table, so a serializer that derives from this
-/// one and overrides a section changes it wherever it occurs. Only this class itself writes a list without
-/// holding the JSON of all its profiles at once.
+/// Every type of the model has a pair of virtual operations. `toJson` returns a value's JSON; `fromJson` fills
+/// a builder from the JSON at a path, throws ParsingError that ends in " at " and the path, and checks no rule
+/// of the model. They call one another virtually, so a derived serializer that overrides the operations of a
+/// type changes that type wherever it occurs.
 ///
-/// Holds no state: several threads may share one.
+/// Stateless: several threads may share one.
 class NOREL_PAYLOADS_EXPORT JsonProfileListSerializer : public ProfileListSerializer {
 public:
     using Json = DataFormat::Json;
@@ -166,11 +165,11 @@ public:
     virtual void fromJson(const JsonPath& path, double& target, Options options) const;
 };
 
-/// A place in a document that is being read: a JSON value and the steps that lead to it from the root. As a
-/// Json, one path serves one thread at a time, even for reading.
+/// A position in a document that is being read: a JSON value and the path that leads to it from the root. One
+/// object must not be used by several threads at once, even for reading.
 class NOREL_PAYLOADS_EXPORT JsonProfileListSerializer::JsonPath {
 public:
-    /// The root, with no steps.
+    /// The root, with an empty path.
     JsonPath(const Json& root);
     JsonPath(const JsonPath& other);
     JsonPath& operator=(const JsonPath&) = delete;
@@ -178,15 +177,15 @@ public:
 
     const Json& getValue() const { return value; }
 
-    /// The place of a member. Throws ParsingError with this path when there is none.
+    /// The path to a member. Throws ParsingError with this path when there is none.
     JsonPath makePathToKey(const std::string& key) const;
 
-    /// The place of an element of this array, given with its index.
+    /// The path to an element of this array, given with its index.
     JsonPath makePathToIndex(const Json& element, unsigned int index) const;
 
     bool contains(const std::string& key) const;
 
-    /// Whether the member is there and not null.
+    /// Whether the member is present and not null.
     bool isOptionalSet(const std::string& key) const;
 
     /// The steps: the key of a member, "[INDEX]" for an element.
@@ -198,8 +197,8 @@ public:
 private:
     friend class DocumentReader;
 
-    // A path that the library's own readers make on their way borrows its parent and its key: most paths are
-    // never asked for their steps. A copy, and so every path handed out, owns its steps.
+    // A path made by the library's own readers refers to its parent and its key, since the steps of most paths
+    // are never needed. A copy, and so every path returned to a caller, has its own steps.
     JsonPath(const JsonPath& parent, Json value, const std::string& key);
     JsonPath(const JsonPath& parent, Json value, unsigned int index);
     const Json
