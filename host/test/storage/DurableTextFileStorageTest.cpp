@@ -1,61 +1,25 @@
 #include "norel/Desktop/Storage/DurableTextFileStorage.h"
 
+#include "posix/SystemCalls.h"
+
 #include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
+#include <grp.h>
 #include <iterator>
 #include <set>
-#include <sys/resource.h>
+#include <string_view>
+#include <sys/file.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
-
-namespace {
-
-/// What the two system calls below do beside their work, for all of this program.
-struct SystemCalls {
-    std::function<void(int file)> onWrite = [](int) {};
-    std::function<void(int file)> onSync = [](int) {};
-    std::size_t longestWrite = static_cast<std::size_t>(-1);
-    int interruptions = 0; // so many of the next calls are interrupted by a signal
-    int syncsUntilFailure = -1;
-
-    bool isInterrupted() {
-        errno = EINTR;
-        return interruptions > 0 && interruptions-- > 0;
-    }
-};
-
-SystemCalls systemCalls;
-
-} // namespace
-
-// These stand in the way of the system's functions of the same names.
-extern "C" {
-
-[[gnu::visibility("default")]] ssize_t write(int file, const void* bytes, std::size_t size) {
-    if (systemCalls.isInterrupted())
-        return -1;
-    systemCalls.onWrite(file);
-    return ::syscall(SYS_write, file, bytes, std::min(size, systemCalls.longestWrite));
-}
-
-[[gnu::visibility("default")]] int fsync(int file) {
-    if (systemCalls.isInterrupted())
-        return -1;
-    systemCalls.onSync(file);
-    if (systemCalls.syncsUntilFailure < 0 || systemCalls.syncsUntilFailure-- > 0)
-        return static_cast<int>(::syscall(SYS_fsync, file));
-    errno = EIO;
-    return -1;
-}
-}
 
 namespace norel::Desktop::Storage {
 namespace {
@@ -63,15 +27,80 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-std::string textOf(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+struct TestCalls : SystemCalls {
+    using SystemCalls::longestWrite;
+
+    /// Called before every system call; returns the error that it is to fail with, or 0.
+    std::function<int(std::string_view call, int file, const std::string& name)> onCall;
+
+private:
+    int before(const char* call, int file, const char* name) override {
+        return onCall ? onCall(call, file, name) : 0;
+    }
+};
+
+struct TestStorage : DurableTextFileStorage {
+    TestStorage(NoticeHandler handler, std::shared_ptr<TestCalls> calls)
+        : DurableTextFileStorage(std::move(handler), std::move(calls)) {}
+};
+
+/// Takes a user's rights until the end; only root can.
+struct AsUser {
+    AsUser(uid_t user, gid_t group) : formerGroup(::getegid()) {
+        EXPECT_EQ(::setgroups(0, nullptr) + ::setegid(group) + ::seteuid(user), 0);
+    }
+
+    AsUser(const AsUser&) = delete;
+    AsUser& operator=(const AsUser&) = delete;
+
+    ~AsUser() { EXPECT_EQ(::seteuid(0) + ::setegid(formerGroup), 0); }
+
+    gid_t formerGroup;
+};
+
+constexpr unsigned char OWNER = 1, USER = 2, GROUP = 4, MASK = 16, OTHERS = 32;
+constexpr char LIST[] = "system.posix_acl_access";
+
+struct ListEntry {
+    unsigned char tag, permissions;
+    int id = -1;
+};
+
+std::string makeList(const std::vector<ListEntry>& entries) {
+    std::string list("\2\0\0\0", 4);
+    for (const auto& [tag, permissions, id] : entries) {
+        list += {static_cast<char>(tag), '\0', static_cast<char>(permissions), '\0'};
+        for (const int shift : {0, 8, 16, 24})
+            list += static_cast<char>(id >> shift & 0xff);
+    }
+    return list;
 }
 
-mode_t modeOf(int file) {
-    struct stat status {};
-    return ::fstat(file, &status) == 0 ? status.st_mode : 0;
+/// False when the file system has no such attributes.
+bool setAttribute(const fs::path& path, const char* name, const std::string& value) {
+    const int result = ::setxattr(path.c_str(), name, value.data(), value.size(), 0);
+    EXPECT_TRUE(result == 0 || errno == ENOTSUP);
+    return result == 0;
 }
+
+std::string attributeOf(const fs::path& path, const char* name) {
+    std::string value(1000, '\0');
+    const ssize_t size = ::getxattr(path.c_str(), name, value.data(), value.size());
+    return size < 0 ? "none" : value.substr(0, static_cast<std::size_t>(size));
+}
+
+std::string textOf(const fs::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return stream ? std::string(std::istreambuf_iterator<char>(stream), {}) : "none";
+}
+
+struct stat statusOf(int file) {
+    struct stat status {};
+    EXPECT_EQ(::fstat(file, &status), 0);
+    return status;
+}
+
+mode_t modeOf(const fs::path& path) { return static_cast<mode_t>(fs::status(path).permissions()); }
 
 struct DurableTextFileStorageTest : testing::Test {
     DurableTextFileStorageTest() {
@@ -80,11 +109,9 @@ struct DurableTextFileStorageTest : testing::Test {
         file = folder / "file";
         std::ofstream(file) << "old";
         fs::create_directory(folder / "sub");
-        systemCalls = {};
     }
 
     ~DurableTextFileStorageTest() override {
-        systemCalls = {};
         ::umask(formerMask);
         fs::remove_all(folder);
     }
@@ -99,17 +126,25 @@ struct DurableTextFileStorageTest : testing::Test {
     /// Runs the storage's operation `verb`, which must fail on that path with that text.
     void expectFailure(const std::string& verb, const fs::path& path, const std::string& reason) {
         const auto operation = [&] {
-            verb == "read"    ? void(storage.read(path))
-            : verb == "write" ? storage.write(path, "new")
-                              : storage.remove(path);
+            verb == "read"     ? void(storage.read(path))
+            : verb == "write"  ? storage.write(path, "new")
+            : verb == "create" ? storage.create(path, "new")
+                               : storage.remove(path);
         };
         EXPECT_THAT(operation, testing::ThrowsMessage<std::system_error>("cannot " + verb + " \"" +
                                                                          path.string() + "\"" + reason));
     }
 
+    /// What the notices are to say of the file.
+    std::string notCarriedOver(const std::string& what, const std::string& reason) const {
+        return what + " of \"" + file.string() + "\" is not carried over: " + reason;
+    }
+
     const mode_t formerMask = ::umask(022);
     fs::path folder, file; // the file "old", and a folder "sub" beside it
-    DurableTextFileStorage storage;
+    std::vector<std::string> notices;
+    const std::shared_ptr<TestCalls> calls = std::make_shared<TestCalls>();
+    TestStorage storage{[this](const std::string& notice) { notices.push_back(notice); }, calls};
 };
 
 TEST_F(DurableTextFileStorageTest, ReadsWhatItWrote) {
@@ -127,61 +162,201 @@ TEST_F(DurableTextFileStorageTest, ReadsWhatItWrote) {
     EXPECT_THAT(names(), ElementsAre("file", "relative", "sub"));
 }
 
-TEST_F(DurableTextFileStorageTest, SyncsTheTextBeforeTheReplacementAndTheFolderAfter) {
+TEST_F(DurableTextFileStorageTest, SyncsTheTextBeforeItTakesItsNameAndTheFolderAfter) {
     std::vector<std::string> log;
-    systemCalls.onSync = [&](int synced) {
-        log.push_back((S_ISDIR(modeOf(synced)) ? "folder " : "file ") + textOf(file));
+    calls->onCall = [&](std::string_view call, int synced, const std::string&) {
+        if (call == "fsync")
+            log.push_back((S_ISDIR(statusOf(synced).st_mode) ? "folder " : "file ") + textOf(file));
+        return 0;
     };
     storage.write(file, "new");
     storage.remove(file);
-    EXPECT_THAT(log, ElementsAre("file old", "folder new", "folder "));
+    storage.create(file, "newer");
+    EXPECT_THAT(log, ElementsAre("file old", "folder new", "folder none", "file none", "folder newer"));
 }
 
-TEST_F(DurableTextFileStorageTest, GoesOnAfterShortWritesAndSignals) {
-    systemCalls.longestWrite = 7;
-    systemCalls.onWrite = [](int) { systemCalls.interruptions = 2; };
-    systemCalls.interruptions = 2;
-    storage.write(file, "some text of more than one piece");
-    EXPECT_EQ(textOf(file), "some text of more than one piece");
+TEST_F(DurableTextFileStorageTest, EveryFailureOfASystemCallLeavesTheOldTextOrTheNewOne) {
+    const std::string list = makeList({{OWNER, 6}, {USER, 6, 4321}, {GROUP, 4}, {MASK, 6}, {OTHERS, 0}});
+    const fs::path made = folder / "made";
+    const struct {
+        std::string verb;
+        fs::path path;
+        std::string before, after;
+        std::function<void()> run;
+    } operations[] = {{"read", file, "old", "old", [&] { storage.read(file); }},
+                      {"write", file, "old", "new", [&] { storage.write(file, "new"); }},
+                      {"write", made, "none", "new", [&] { storage.write(made, "new"); }},
+                      {"create", made, "none", "new", [&] { storage.create(made, "new"); }},
+                      {"create", made, "none", "new", [&] { storage.create(made, "new", file); }},
+                      {"remove", file, "old", "none", [&] { storage.remove(file); }}};
+    calls->longestWrite = 1;
+    for (const int error : {EINTR, EIO, ENOSPC, EINVAL, EPERM})
+        for (const auto& [verb, path, before, after, run] : operations)
+            for (int failing = 0, count = 0; count >= failing; ++failing) {
+                fs::remove(made);
+                fs::remove(file);
+                std::ofstream(file) << "old";
+                const bool hasList = setAttribute(file, LIST, list);
+                std::string last, message;
+                count = 0;
+                calls->onCall = [&](std::string_view call, int, const std::string&) {
+                    last = count <= failing ? call : last;
+                    return count++ == failing ? error : 0;
+                };
+                try {
+                    run();
+                } catch (const std::system_error& failure) {
+                    message = failure.what();
+                }
+                SCOPED_TRACE(verb + ", " + std::generic_category().message(error) + " from " + last);
+                if (!message.empty()) {
+                    EXPECT_NE(error, EINTR);
+                    EXPECT_THAT(message, testing::MatchesRegex(
+                                             "cannot " + verb + " \"" + path.string() +
+                                             "\"( with the access of \"[^\"]*\")?(( for good)?: [^:]*)?: " +
+                                             std::generic_category().message(error)));
+                }
+                const bool isDone = message.empty() || message.find(" for good: ") != std::string::npos;
+                EXPECT_EQ(textOf(path), isDone ? after : before);
+                EXPECT_THAT(names(), testing::Each(testing::Not(testing::StartsWith(".norel-"))));
+                if (hasList && fs::exists(file)) {
+                    EXPECT_TRUE(attributeOf(file, LIST) == list || modeOf(file) == 0640U);
+                }
+            }
 }
 
 TEST_F(DurableTextFileStorageTest, NoTextIsReadableBeyondItsMode) {
     mode_t whileWriting = 0;
-    systemCalls.onWrite = [&](int written) { whileWriting = modeOf(written) & 07777U; };
+    calls->onCall = [&](std::string_view call, int written, const std::string&) {
+        if (call == "write")
+            whileWriting = statusOf(written).st_mode & 07777U;
+        return 0;
+    };
     const uid_t owner = ::geteuid() == 0 ? 4321 : ::geteuid(); // only root gives files away
     const gid_t group = ::geteuid() == 0 ? 8765 : ::getegid();
     for (const mode_t mask : {0000U, 0022U, 0077U, 0177U}) {
         ::umask(mask);
         fs::remove(file);
         storage.write(file, "new");
-        EXPECT_EQ(static_cast<mode_t>(fs::status(file).permissions()), 0666U & ~mask);
+        EXPECT_EQ(modeOf(file), 0666U & ~mask);
         EXPECT_EQ(whileWriting & mask, 0U);
         for (const mode_t mode : {0600U, 0640U, 0666U, 04750U}) {
+            const fs::path backup = folder / "backup";
             ASSERT_EQ(::chown(file.c_str(), owner, group) + ::chmod(file.c_str(), mode), 0);
             storage.write(file, "newer");
-            struct stat status {};
-            ASSERT_EQ(::stat(file.c_str(), &status), 0);
-            EXPECT_EQ(status.st_mode & 07777U, mode);
             EXPECT_EQ(whileWriting & ~mode, 0U);
-            EXPECT_EQ(status.st_uid, owner);
-            EXPECT_EQ(status.st_gid, group);
+            storage.create(backup, "newest", file);
+            EXPECT_EQ(whileWriting & ~mode, 0U);
+            for (const fs::path& path : {file, backup}) {
+                struct stat status {};
+                ASSERT_EQ(::stat(path.c_str(), &status), 0);
+                EXPECT_EQ(status.st_mode & 07777U, mode);
+                EXPECT_EQ(status.st_uid, owner);
+                EXPECT_EQ(status.st_gid, group);
+            }
+            fs::remove(backup);
         }
+    }
+    EXPECT_THAT(notices, ElementsAre());
+}
+
+TEST_F(DurableTextFileStorageTest, KeepsAccessControlListAndAttributes) {
+    const std::string list = makeList({{OWNER, 6}, {USER, 6, 4321}, {GROUP, 0}, {MASK, 6}, {OTHERS, 0}});
+    std::ofstream(folder / "sub/plain") << "old";
+    if (!setAttribute(file, LIST, list) || !setAttribute(file, "user.note", "x"))
+        GTEST_SKIP() << "the file system has no access control lists";
+    storage.write(file, "new");
+    storage.create(folder / "backup", "old", file);
+    for (const fs::path& path : {file, folder / "backup"}) {
+        EXPECT_EQ(attributeOf(path, LIST), list);
+        EXPECT_EQ(attributeOf(path, "user.note"), "x");
+    }
+    // A folder's default list is for new files alone.
+    setAttribute(folder / "sub", "system.posix_acl_default", list);
+    storage.write(folder / "sub/plain", "new");
+    EXPECT_EQ(attributeOf(folder / "sub/plain", LIST), "none");
+    EXPECT_EQ(modeOf(folder / "sub/plain"), 0644U);
+    EXPECT_THAT(notices, ElementsAre());
+
+    const std::string noList = notCarriedOver("the access control list", "Operation not supported");
+    const std::string noOwner = notCarriedOver("the owner", "Operation not supported");
+    const std::string notAllowed = notCarriedOver("the access control list", "Operation not permitted");
+    const std::string noGroup = notCarriedOver("the group", "Operation not supported");
+    const std::string noNote =
+        notCarriedOver("the extended attribute \"user.note\"", "Operation not supported");
+    const struct {
+        std::string call, name;
+        mode_t mode;
+        std::vector<std::string> notices;
+    } refusals[] = {{"fsetxattr", LIST, 0640, {noList}},
+                    {"fsetxattr", "user.note", 0664, {noNote}},
+                    {"fchown", "", 0600, {noGroup, noOwner, notAllowed}}};
+    for (const auto& [refusedCall, refusedName, mode, expected] : refusals) {
+        setAttribute(file, LIST, makeList({{OWNER, 6}, {USER, 6, 4321}, {GROUP, 4}, {MASK, 6}, {OTHERS, 4}}));
+        setAttribute(file, "user.note", "x");
+        if (::chown(file.c_str(), 4321, 8765) != 0 && refusedCall == "fchown")
+            continue; // only root can give files away
+        calls->onCall = [&](std::string_view call, int, const std::string& name) {
+            return call == refusedCall && name == refusedName ? ENOTSUP : 0;
+        };
+        notices.clear();
+        storage.write(file, "newer");
+        EXPECT_EQ(modeOf(file), mode);
+        EXPECT_EQ(notices, expected);
     }
 }
 
-TEST_F(DurableTextFileStorageTest, ReplacesAnothersFileOnlyWhenItMayBeWritten) {
-    const uid_t user = ::geteuid();
-    ASSERT_EQ(::chmod(folder.c_str(), 0777) + ::chmod(file.c_str(), 0444), 0);
-    ASSERT_EQ(user == 0 ? ::seteuid(65534) : 0, 0); // root may do anything
-    expectFailure("write", file, ": Permission denied");
-    ASSERT_EQ(::seteuid(user), 0);
-    EXPECT_EQ(textOf(file), "old");
-    ASSERT_EQ(::chmod(file.c_str(), user == 0 ? 04666 : 0666), 0);
-    ASSERT_EQ(user == 0 ? ::seteuid(65534) : 0, 0);
-    storage.write(file, "new");
-    ASSERT_EQ(::seteuid(user), 0);
-    EXPECT_EQ(textOf(file), "new");
-    EXPECT_EQ(static_cast<mode_t>(fs::status(file).permissions()), 0666U);
+TEST_F(DurableTextFileStorageTest, NobodyGainsAccessToAnothersFile) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can act as another user";
+    constexpr uid_t user = 1234;
+    ASSERT_EQ(::chmod(folder.c_str(), 0755) + ::chmod(file.c_str(), 0666), 0);
+    {
+        const AsUser another(user, 5678);
+        expectFailure("write", file, ": cannot create a file in its folder: Permission denied");
+        expectFailure("create", folder / "new", ": cannot create a file in its folder: Permission denied");
+    }
+    ASSERT_EQ(::chmod(folder.c_str(), 0777) + ::chmod(file.c_str(), 0644), 0);
+    {
+        const AsUser another(user, 5678);
+        expectFailure("write", file, ": Permission denied");
+    }
+    const std::string list = makeList({{OWNER, 6}, {USER, 6, user}, {GROUP, 0}, {MASK, 6}, {OTHERS, 0}});
+    const std::string wide = makeList({{OWNER, 6}, {USER, 7, 4321}, {GROUP, 6}, {MASK, 7}, {OTHERS, 4}});
+    const std::string limited = makeList({{OWNER, 6}, {USER, 6, 4321}, {GROUP, 6}, {MASK, 6}, {OTHERS, 4}});
+    const std::string notPermitted = "Operation not permitted";
+    const std::string noOwner = notCarriedOver("the owner", notPermitted);
+    const std::string noGroup = notCarriedOver("the group", notPermitted);
+    const std::string noList = notCarriedOver("the access control list", notPermitted);
+    const struct {
+        mode_t mode;
+        std::string list;
+        gid_t group; // of the file; the user is in 5678
+        mode_t after;
+        std::string listAfter;
+        std::vector<std::string> notices;
+    } cases[] = {{0666, "", 8765, 0666, "none", {noGroup, noOwner}},
+                 {06666, "", 8765, 0666, "none", {noGroup, noOwner}},
+                 {04664, "", 5678, 0664, "none", {noOwner}},
+                 {0466, "", 5678, 0444, "none", {noOwner}},
+                 {0646, "", 8765, 0644, "none", {noGroup, noOwner}},
+                 {0662, "", 8765, 0622, "none", {noGroup, noOwner}},
+                 {0, list, 8765, 0600, "none", {noGroup, noOwner, noList}},
+                 {0, wide, 5678, 0664, limited, {noOwner}}};
+    for (const auto& [mode, before, group, after, listAfter, expected] : cases) {
+        fs::remove(file);
+        std::ofstream(file) << "old";
+        ASSERT_EQ(::chown(file.c_str(), 0, group), 0);
+        if (before.empty() ? ::chmod(file.c_str(), mode) != 0 : !setAttribute(file, LIST, before))
+            continue;
+        notices.clear();
+        const AsUser another(user, 5678);
+        storage.write(file, "new");
+        EXPECT_EQ(textOf(file), "new");
+        EXPECT_EQ(modeOf(file), after);
+        EXPECT_EQ(attributeOf(file, LIST), listAfter);
+        EXPECT_EQ(notices, expected);
+    }
     EXPECT_THAT(names(), ElementsAre("file", "sub"));
 }
 
@@ -189,12 +364,15 @@ TEST_F(DurableTextFileStorageTest, FollowsLinksAndKeepsThem) {
     const std::pair<fs::path, fs::path> links[] = {{folder / "one", "file"},
                                                    {folder / "sub/two", "../one"},
                                                    {folder / "three", folder / "sub/two"},
+                                                   {folder / "far", "sub/inner"}, // whose ".." is sub
+                                                   {folder / "sub/inner/four", "../../one"},
                                                    {folder / "dangling", "sub/made"},
                                                    {folder / "self", "self"},
                                                    {folder / "nowhere", "none/file"}};
+    fs::create_directory(folder / "sub/inner");
     for (const auto& [link, target] : links)
         fs::create_symlink(target, link);
-    for (const char* link : {"one", "sub/two", "three"}) {
+    for (const char* link : {"one", "sub/two", "three", "far/four"}) {
         storage.write(folder / link, link);
         EXPECT_EQ(textOf(file), link);
         EXPECT_EQ(storage.read(folder / link), link);
@@ -202,12 +380,13 @@ TEST_F(DurableTextFileStorageTest, FollowsLinksAndKeepsThem) {
     storage.write(folder / "dangling", "new");
     EXPECT_EQ(textOf(folder / "sub/made"), "new");
     expectFailure("write", folder / "self", ": Too many levels of symbolic links");
-    expectFailure("write", folder / "nowhere", ": No such file or directory");
+    expectFailure("write", folder / "nowhere", ": cannot open its folder: No such file or directory");
+    expectFailure("create", folder / "self", ": File exists");
     for (const auto& [link, target] : links) {
         EXPECT_EQ(fs::read_symlink(link), target);
         storage.remove(link);
     }
-    EXPECT_THAT(names(), ElementsAre("file", "sub", "sub/made"));
+    EXPECT_THAT(names(), ElementsAre("file", "sub", "sub/inner", "sub/made"));
 }
 
 TEST_F(DurableTextFileStorageTest, RefusesWhatIsNoFile) {
@@ -218,12 +397,16 @@ TEST_F(DurableTextFileStorageTest, RefusesWhatIsNoFile) {
     const std::pair<std::string, std::string> refused[] = {{"sub", ": Is a directory"},
                                                            {"sub/", ": Is a directory"},
                                                            {"fifo", notRegular},
-                                                           {"none/file", ": No such file or directory"},
-                                                           {"file/file", ": Not a directory"},
                                                            {std::string(300, 'x'), ": File name too long"}};
     for (const auto& [name, reason] : refused)
         for (const char* verb : {"read", "write", "remove"})
             expectFailure(verb, folder / name, reason);
+    for (const char* verb : {"write", "remove", "create"})
+        expectFailure(verb, folder / "none/file", ": cannot open its folder: No such file or directory");
+    expectFailure("read", folder / "none/file", ": No such file or directory");
+    for (const auto& [verb, detail] :
+         {std::pair("read", ""), {"write", ""}, {"remove", ": cannot open its folder"}})
+        expectFailure(verb, folder / "file/file", std::string(detail) + ": Not a directory");
     for (const char* verb : {"read", "write"}) {
         expectFailure(verb, folder / "fifolink", notRegular);
         expectFailure(verb, folder / "sublink", ": Is a directory");
@@ -235,34 +418,116 @@ TEST_F(DurableTextFileStorageTest, RefusesWhatIsNoFile) {
     EXPECT_EQ(textOf(file), "old");
 }
 
-TEST_F(DurableTextFileStorageTest, FailedWriteLeavesEverythingAsItWas) {
-    systemCalls.syncsUntilFailure = 0;
-    expectFailure("write", file, ": Input/output error");
-    systemCalls = {};
-
-    rlimit former{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &former), 0);
-    rlimit limit = former;
-    limit.rlim_cur = 2; // the text has three bytes
-    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-    expectFailure("write", file, ": File too large");
-    expectFailure("write", folder / "sub/new", ": File too large");
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &former), 0);
-    std::signal(SIGXFSZ, formerHandler);
-    EXPECT_EQ(textOf(file), "old");
-    EXPECT_THAT(names(), ElementsAre("file", "sub"));
+TEST_F(DurableTextFileStorageTest, SaysWhatHoldsWhenTheFolderCannotBeSynced) {
+    int error = EIO;
+    calls->onCall = [&](std::string_view call, int synced, const std::string&) {
+        return call == "fsync" && S_ISDIR(statusOf(synced).st_mode) ? error : 0;
+    };
+    const std::string reason = ": Input/output error";
+    expectFailure("write", file,
+                  " for good: the new text is in place, but a crash may bring the old one back" + reason);
+    EXPECT_EQ(textOf(file), "new");
+    expectFailure("remove", file, " for good: it is gone, but a crash may bring it back" + reason);
+    EXPECT_EQ(textOf(file), "none");
+    expectFailure("create", file, " for good: it is in place, but a crash may take it away" + reason);
+    EXPECT_EQ(textOf(file), "new");
+    for (const int noSuchSync : {EINVAL, ENOTSUP}) {
+        error = noSuchSync;
+        storage.write(file, "newer");
+        storage.remove(file);
+        storage.create(file, "newest");
+    }
 }
 
-TEST_F(DurableTextFileStorageTest, SaysWhatHoldsWhenTheFolderCannotBeSynced) {
-    systemCalls.syncsUntilFailure = 1;
-    expectFailure(
-        "write", file,
-        " for good: the new text is in place, but a crash may bring the old one back: Input/output error");
-    EXPECT_EQ(textOf(file), "new");
-    systemCalls.syncsUntilFailure = 0;
-    expectFailure("remove", file, " for good: it is gone, but a crash may bring it back: Input/output error");
-    EXPECT_THAT(names(), ElementsAre("sub"));
+TEST_F(DurableTextFileStorageTest, CreatesOnlyWhereNothingIs) {
+    fs::create_symlink("none", folder / "dangling");
+    for (const char* name : {"file", "sub", "dangling", "sub/"})
+        expectFailure("create", folder / name, ": File exists");
+    EXPECT_THAT([&] { storage.create(folder / "new", "new", folder / "none"); },
+                testing::ThrowsMessage<std::system_error>(
+                    "cannot create \"" + (folder / "new").string() + "\" with the access of \"" +
+                    (folder / "none").string() + "\": No such file or directory"));
+    // Somebody creates it at the last moment, also where no rename can be exclusive.
+    for (const int noSuchRename : {0, EINVAL}) {
+        const fs::path raced = folder / "sub/raced";
+        calls->onCall = [&](std::string_view call, int, const std::string&) {
+            if (call != "renameatExclusively")
+                return 0;
+            std::ofstream(raced) << "another's";
+            return noSuchRename;
+        };
+        expectFailure("create", raced, ": File exists");
+        EXPECT_EQ(textOf(raced), "another's");
+    }
+    EXPECT_EQ(textOf(file), "old");
+    EXPECT_THAT(names(), ElementsAre("dangling", "file", "sub", "sub/raced"));
+}
+
+TEST_F(DurableTextFileStorageTest, HandlerHearsOfHardLinksAndMayStopTheWrite) {
+    fs::create_hard_link(file, folder / "other");
+    const std::string notice = "the other hard links of \"" + file.string() + "\" keep the old text";
+    DurableTextFileStorage stopped([](const std::string& text) { throw std::runtime_error(text); });
+    EXPECT_THAT([&] { stopped.write(file, "new"); }, testing::ThrowsMessage<std::runtime_error>(notice));
+    EXPECT_EQ(textOf(file), "old");
+    storage.write(file, "new");
+    EXPECT_THAT(notices, ElementsAre(notice));
+    EXPECT_EQ(textOf(folder / "other"), "old");
+    EXPECT_THAT(names(), ElementsAre("file", "other", "sub"));
+}
+
+TEST_F(DurableTextFileStorageTest, RemovesWhatKilledWritersLeft) {
+    const auto leaveTemporaryFile = [&] {
+        const std::set<std::string> former = names();
+        const pid_t writer = ::fork();
+        if (writer == 0) {
+            calls->onCall = [](std::string_view call, int, const std::string&) {
+                return call == "fsync" ? ::_exit(0), 0 : 0;
+            };
+            storage.write(file, "killed");
+        }
+        EXPECT_EQ(::waitpid(writer, nullptr, 0), writer);
+        for (const std::string& name : names())
+            if (!former.contains(name))
+                return folder / name;
+        return fs::path();
+    };
+    const auto makeOld = [](const fs::path& path) {
+        const timespec times[] = {{0, UTIME_NOW}, {::time(nullptr) - 3601, 0}};
+        EXPECT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
+    };
+    const fs::path abandoned = leaveTemporaryFile(), locked = leaveTemporaryFile(),
+                   young = leaveTemporaryFile(), link = leaveTemporaryFile(),
+                   longer = abandoned.string() + "x.tmp";
+    std::ofstream(longer) << "somebody's";
+    fs::remove(link);
+    fs::create_symlink("file", link);
+    const int holder = ::open(locked.c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(holder, LOCK_EX), 0);
+    for (const fs::path& path : {abandoned, locked, link, longer})
+        makeOld(path);
+    std::set<std::string> expected = names();
+    storage.write(folder / "other", "new");
+    expected.insert("other");
+    EXPECT_EQ(names(), expected);
+    storage.write(file, "new");
+    expected.erase(abandoned.filename().string());
+    EXPECT_EQ(names(), expected);
+    ::close(holder);
+    storage.write(file, "newer");
+    expected.erase(locked.filename().string());
+    EXPECT_EQ(names(), expected);
+}
+
+TEST_F(DurableTextFileStorageTest, NeverWritesIntoAnothersTemporaryFile) {
+    fs::path foreign;
+    calls->onCall = [&](std::string_view call, int, const std::string& name) {
+        if (call == "openat" && name.ends_with(".tmp"))
+            std::ofstream(foreign = folder / name) << "another's";
+        return 0;
+    };
+    expectFailure("write", file, ": cannot create a file in its folder: File exists");
+    EXPECT_EQ(textOf(foreign), "another's");
+    EXPECT_EQ(textOf(file), "old");
 }
 
 TEST_F(DurableTextFileStorageTest, ReadersAlwaysSeeOneWholeText) {

@@ -2,33 +2,79 @@
 
 #include "norel/Desktop/Storage/TextFileStorage.h"
 
+#include <functional>
+#include <memory>
+
 namespace norel::Desktop::Storage {
 
-/// Text files of the file system, replaced so that a reader, or a crash at any instant, finds the old text or
-/// the new one, never a mixture; a write or removal returns when it is durable.
+class SystemCalls;
+
+/// Text files of the file system. A file is replaced as a whole: a reader, or a crash at any instant, finds
+/// the old text or the new one, never a mixture. Writing, creating and removing return when the change is
+/// durable, as far as the file system can make it so.
 ///
-/// Every operation follows symbolic links but `remove`, which removes the link itself; a write through a link
-/// that leads nowhere makes the file that it names. Anything but a regular file (a directory, a FIFO, a
-/// device) is refused, and so are writing to a file that the caller may not write and removing what is not
-/// there.
+/// `read` and `write` follow symbolic links; a write through a link that leads nowhere creates the file that
+/// it names. `remove` removes the link itself. Anything but a regular file (a directory, a FIFO, a device) is
+/// refused, and so are writing to a file that the caller may not write and removing one that does not exist.
 ///
-/// A new file gets the mode that the caller's umask allows. A replaced file keeps its mode, and its owner and
-/// group where the caller may give them away (where not, its set-user-ID and set-group-ID bits go). It is a
-/// new file under the old name: other hard links keep the old text, and access control lists are not carried
-/// over. The caller needs to be allowed to read and to write the folder, which for a moment holds a second
-/// file ".norel-*.tmp".
+/// Access: a new file gets the mode that the caller's umask, or the default access control list of its
+/// folder, allows. A replaced file keeps its mode, owner, group, POSIX access control list and extended
+/// attributes. What the system does not let the caller set is left out, and nobody but the new owner gets a
+/// right that they did not have:
+/// - without the owner or the group, the set-user-ID and set-group-ID bits go;
+/// - without the owner, nobody has more rights than the owner had;
+/// - without the group, the new group and all others have the rights that both the group and others had;
+/// - without the access control list, or the group of a file that has one, only the owner keeps all rights;
+/// the
+///   group, if it is kept, keeps those that the list gave every member, and others have none.
+/// Never carried over are other hard links, which keep the old text, time stamps, access control lists of
+/// other kinds (NFSv4), and the attributes security.capability, security.ima and security.evm, which hold for
+/// the old text. On systems other than Linux access control lists and extended attributes are not looked at.
+///
+/// The caller needs to be allowed to read and to write the folder, which for a moment holds a second file
+/// ".norel-*.tmp". What a killed writer left of these is removed by the next write of the same file an hour
+/// later.
 ///
 /// Failures of the system are std::system_error, whose text names the operation, the path and the system's
 /// reason; the file is then as it was before, and no temporary file is left. The one exception says so in its
-/// text: when the folder cannot be made durable at the end, the new text is in place (or the file gone), and
-/// only a crash may bring the old one back.
+/// text: when the folder cannot be made durable at the end, the change is in place, and only a crash may undo
+/// it.
 ///
-/// Several threads may share one store; of two writers of one file the last one wins.
+/// Several threads may share one store if they may share its handler; of two writers of one file the last one
+/// wins.
 class NOREL_STORAGE_EXPORT DurableTextFileStorage : public TextFileStorage {
 public:
+    /// Takes a sentence, such as: the owner of "profiles.json" is not carried over: Operation not permitted
+    using NoticeHandler = std::function<void(const std::string& notice)>;
+
+    /// The handler, if there is one, is called by `write` and `create`, in their thread, for each thing that
+    /// is not carried over, time stamps and the three attributes excepted. The file is not yet in place then:
+    /// an exception of the handler leaves everything as it was and reaches the caller.
+    explicit DurableTextFileStorage(NoticeHandler onNotCarriedOver = {});
+
     std::string read(const std::filesystem::path& path) override;
     void remove(const std::filesystem::path& path) override;
     void write(const std::filesystem::path& path, const std::string& text) override;
+
+    /// Creates the file, which appears with its whole text. Fails with the error EEXIST when anything has the
+    /// name, even a symbolic link that leads nowhere; of two callers at once one succeeds.
+    void create(const std::filesystem::path& path, const std::string& text);
+
+    /// The same, with the access of the regular file `original`, which the caller may read, as if the new
+    /// file replaced it: for a backup, which must not be open to anyone whom the original is closed to.
+    void create(const std::filesystem::path& path, const std::string& text,
+                const std::filesystem::path& original);
+
+protected:
+    /// For tests, which let system calls fail.
+    DurableTextFileStorage(NoticeHandler onNotCarriedOver, std::shared_ptr<SystemCalls> systemCalls);
+
+private:
+    void createFile(const std::filesystem::path& path, const std::string& text,
+                    const std::filesystem::path* original);
+
+    NoticeHandler noticeHandler;
+    std::shared_ptr<SystemCalls> system;
 };
 
 } // namespace norel::Desktop::Storage
