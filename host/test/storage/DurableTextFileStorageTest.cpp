@@ -331,7 +331,7 @@ TEST_F(DurableTextFileStorageTest, NobodyGainsAccessToAnothersFile) {
                  {04664, "", 5678, 0664, "none", {noOwner}},
                  {0466, "", 5678, 0444, "none", {noOwner}},
                  {0646, "", 8765, 0644, "none", {noGroup, noOwner}},
-                 {0662, "", 8765, 0622, "none", {noGroup, noOwner}},
+                 {0676, "", 8765, 0666, "none", {noGroup, noOwner}},
                  {0, list, 8765, 0600, "none", {noGroup, noOwner, noList}},
                  {0, wide, 5678, 0664, limited, {noOwner}}};
     for (const auto& [mode, before, group, after, listAfter, expected] : cases) {
@@ -340,15 +340,18 @@ TEST_F(DurableTextFileStorageTest, NobodyGainsAccessToAnothersFile) {
         ASSERT_EQ(::chown(file.c_str(), 0, group), 0);
         if (before.empty() ? ::chmod(file.c_str(), mode) != 0 : !setAttribute(file, LIST, before))
             continue;
-        notices.clear();
+        fs::remove(folder / "backup");
         const AsUser another(user, 5678);
-        storage.write(file, "new");
-        EXPECT_EQ(textOf(file), "new");
-        EXPECT_EQ(modeOf(file), after);
-        EXPECT_EQ(attributeOf(file, LIST), listAfter);
-        EXPECT_EQ(notices, expected);
+        for (const fs::path& path : {folder / "backup", file}) {
+            notices.clear();
+            path == file ? storage.write(file, "new") : storage.create(path, "new", file);
+            EXPECT_EQ(textOf(path), "new");
+            EXPECT_EQ(modeOf(path), after);
+            EXPECT_EQ(attributeOf(path, LIST), listAfter);
+            EXPECT_EQ(notices, expected);
+        }
     }
-    EXPECT_THAT(names(), ElementsAre("file", "sub"));
+    EXPECT_THAT(names(), ElementsAre("backup", "file", "sub"));
 }
 
 TEST_F(DurableTextFileStorageTest, FollowsLinksAndKeepsThem) {

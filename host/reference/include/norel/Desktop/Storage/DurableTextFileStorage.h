@@ -24,24 +24,24 @@ class SystemCalls;
 /// - without the owner or the group, the set-user-ID and set-group-ID bits go;
 /// - without the owner, nobody has more rights than the owner had;
 /// - without the group, the new group and all others have the rights that both the group and others had;
-/// - without the access control list, or the group of a file that has one, only the owner keeps all rights;
-/// the
-///   group, if it is kept, keeps those that the list gave every member, and others have none.
-/// Never carried over are other hard links, which keep the old text, time stamps, access control lists of
-/// other kinds (NFSv4), and the attributes security.capability, security.ima and security.evm, which hold for
-/// the old text. On systems other than Linux access control lists and extended attributes are not looked at.
+/// - without the access control list, or without the group of a file that has one, only the owner keeps all
+///   rights; the group, if kept, keeps those that the list gave all its members, and others have none.
+/// Not carried over are other hard links, which keep the old text, time stamps, access control lists of other
+/// kinds (NFSv4), in whose place the mode stands, and the attributes security.capability, security.ima and
+/// security.evm, which hold for the old text. On systems other than Linux access control lists and extended
+/// attributes are not looked at.
 ///
 /// The caller needs to be allowed to read and to write the folder, which for a moment holds a second file
-/// ".norel-*.tmp". What a killed writer left of these is removed by the next write of the same file an hour
-/// later.
+/// ".norel-*.tmp". The next write of the same file removes those that killed writers left, once they are an
+/// hour old.
 ///
 /// Failures of the system are std::system_error, whose text names the operation, the path and the system's
 /// reason; the file is then as it was before, and no temporary file is left. The one exception says so in its
 /// text: when the folder cannot be made durable at the end, the change is in place, and only a crash may undo
 /// it.
 ///
-/// Several threads may share one store if they may share its handler; of two writers of one file the last one
-/// wins.
+/// Several threads may share a store if they may call its handler at the same time. Of two writers of one
+/// file the last one wins.
 class NOREL_STORAGE_EXPORT DurableTextFileStorage : public TextFileStorage {
 public:
     /// Takes a sentence, such as: the owner of "profiles.json" is not carried over: Operation not permitted
