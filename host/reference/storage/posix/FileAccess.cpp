@@ -67,15 +67,15 @@ private:
 
 class AccessCopy {
 public:
-    AccessCopy(const Operation& user, int source, int copy, const std::filesystem::path& path,
+    AccessCopy(const Operation& currentOperation, int source, int copy, const std::filesystem::path& path,
                const std::function<void(const std::string&)>& notice)
-        : operation(user),
-          system(user.getSystem()),
+        : operation(currentOperation),
+          system(currentOperation.getSystem()),
           from(source),
           to(copy),
           ofOriginal(" of \"" + path.string() + '"'),
           onNotCarriedOver(notice),
-          original(user.getStatus(source)) {}
+          original(currentOperation.getStatus(source)) {}
 
     void run() {
         giveAway();

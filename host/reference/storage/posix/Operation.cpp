@@ -32,8 +32,8 @@ int Operation::openForReading(const fs::path& path) const {
     return run([&] { return system.openat(AT_FDCWD, path.c_str(), flags); });
 }
 
-Entry::Entry(const Operation& user, const fs::path& path)
-    : operation(user),
+Entry::Entry(const Operation& currentOperation, const fs::path& path)
+    : operation(currentOperation),
       folder(operation.run(
           [&] {
               const fs::path parent = path.parent_path();

@@ -72,7 +72,7 @@ private:
 /// A name in a folder that is held open, so that all that is done there happens in one and the same folder.
 class Entry {
 public:
-    Entry(const Operation& user, const std::filesystem::path& path);
+    Entry(const Operation& currentOperation, const std::filesystem::path& path);
 
     int getFolder() const { return folder; }
 

@@ -42,9 +42,9 @@ bool isTemporaryName(const std::string& name, const std::string& prefix) {
 
 } // namespace
 
-TemporaryFile::TemporaryFile(const Operation& user, const Entry& finalName, mode_t mode)
-    : operation(user),
-      system(user.getSystem()),
+TemporaryFile::TemporaryFile(const Operation& currentOperation, const Entry& finalName, mode_t mode)
+    : operation(currentOperation),
+      system(currentOperation.getSystem()),
       target(finalName),
       prefix(".norel-" + toHexadecimal(hash(finalName.getName())) + '-'),
       name(prefix + toHexadecimal(makeRandomNumber()) + std::string(SUFFIX)),

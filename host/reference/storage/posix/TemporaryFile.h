@@ -12,7 +12,7 @@ namespace norel::Desktop::Storage {
 /// removed at the end unless it took the name.
 class TemporaryFile {
 public:
-    TemporaryFile(const Operation& user, const Entry& finalName, mode_t mode);
+    TemporaryFile(const Operation& currentOperation, const Entry& finalName, mode_t mode);
 
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
