@@ -46,23 +46,11 @@ struct Json::Tree {
 
 namespace {
 
-/// Runs `operation`; an exception of the JSON library leaves as one of ours with its text.
-template <typename Operation>
-decltype(auto) translated(const Operation& operation) {
-    try {
-        return operation();
-    } catch (const ordered_json::type_error& error) {
-        throw Json::IncompatibleTypeError(boundedErrorText(error.what()));
-    } catch (const ordered_json::exception& error) {
-        throw Json::JsonError(boundedErrorText(error.what()));
-    }
-}
-
 const ordered_json& memberOf(const ordered_json& object, const std::string& key) {
     if (const auto* members = object.get_ptr<const ordered_json::object_t*>())
         if (const auto member = members->find(key); member != members->end())
             return member->second;
-    return translated([&]() -> const ordered_json& { return object.at(key); }); // which says why not
+    return translateErrors([&]() -> const ordered_json& { return object.at(key); }); // which says why not
 }
 
 /// Constructs the member in its place: ordered_map's own insertions would search for the key, or copy it
@@ -89,7 +77,7 @@ void setMember(ordered_json& object, const std::string& key, ordered_json&& valu
         object = ordered_json(ordered_json::value_t::object);
     auto* members = object.get_ptr<ordered_json::object_t*>();
     if (!members)
-        return translated([&] { object[key] = nullptr; }); // which says why not
+        return translateErrors([&] { object[key] = nullptr; }); // which says why not
     if (const auto member = members->find(key); member != members->end()) {
         member->second = std::move(value);
         return;
@@ -109,7 +97,7 @@ std::uint32_t wrapped(const ordered_json& number) {
     if (number.is_number() || number.is_boolean())
         return static_cast<std::uint32_t>(number.is_boolean() ? number.get<bool>()
                                                               : number.get<std::uint64_t>());
-    return translated([&] { return number.get<std::uint32_t>(); }); // which says why not
+    return translateErrors([&] { return number.get<std::uint32_t>(); }); // which says why not
 }
 
 template <typename T>
@@ -117,7 +105,7 @@ T convert(const ordered_json& value) {
     if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
         return static_cast<T>(wrapped(value));
     else
-        return translated([&] { return value.get<T>(); });
+        return translateErrors([&] { return value.get<T>(); });
 }
 
 template <typename Number>
@@ -312,7 +300,7 @@ Json Json::fromString(const std::string& text) { return Internals::make(parseJso
 std::string Json::toString(int indent) const {
     const ordered_json& value = Internals::read(*this);
     checkIsReadable(value);
-    return translated([&] { return value.dump(std::min(indent, MAXIMUM_INDENTATION)); });
+    return translateErrors([&] { return value.dump(std::min(indent, MAXIMUM_INDENTATION)); });
 }
 
 std::string Json::arrayToString(std::size_t size, const std::function<Json(std::size_t)>& makeElement,
@@ -329,7 +317,7 @@ std::string Json::arrayToString(std::size_t size, const std::function<Json(std::
         const ordered_json& value = Internals::read(element);
         checkIsReadable(value, 1);
         text.append(i == 0 ? "" : ",").append(lineStart);
-        translated([&] { serializer.dump(value, indent >= 0, false, blanks, blanks); });
+        translateErrors([&] { serializer.dump(value, indent >= 0, false, blanks, blanks); });
     }
     return text += indent < 0 ? "]" : "\n]";
 }
@@ -379,7 +367,7 @@ std::string Json::getAsString() const { return as<std::string>(); }
 JsonConstIterator Json::begin() const {
     const ordered_json& value = Internals::read(*this);
     if (!value.is_array())
-        translated([&] { return value.get<std::vector<ordered_json>>(); }); // which says why not
+        translateErrors([&] { return value.get<std::vector<ordered_json>>(); }); // which says why not
     return {*this, 0};
 }
 
@@ -388,7 +376,7 @@ JsonConstIterator Json::end() const { return {Json(), Internals::read(*this).siz
 Json JsonConstIterator::operator*() const {
     const std::shared_ptr<Json::Tree>& shared = Json::Internals::share(array); // first: it moves the elements
     const ordered_json& elements = Json::Internals::read(array);
-    return translated([&] { return Json::Internals::make(shared, elements.at(position)); });
+    return translateErrors([&] { return Json::Internals::make(shared, elements.at(position)); });
 }
 
 template <>

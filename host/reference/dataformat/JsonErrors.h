@@ -2,6 +2,8 @@
 
 #include "norel/Desktop/DataFormat/Json.h"
 
+#include <nlohmann/json.hpp>
+
 #include <string>
 
 namespace norel::Desktop::DataFormat {
@@ -26,6 +28,18 @@ inline std::string boundedErrorText(std::string text) {
         text += "...";
     }
     return text;
+}
+
+/// Runs `operation`; an exception of the JSON library leaves as one of ours with its text.
+template <typename Operation>
+decltype(auto) translateErrors(const Operation& operation) {
+    try {
+        return operation();
+    } catch (const nlohmann::ordered_json::type_error& error) {
+        throw Json::IncompatibleTypeError(boundedErrorText(error.what()));
+    } catch (const nlohmann::ordered_json::exception& error) {
+        throw Json::JsonError(boundedErrorText(error.what()));
+    }
 }
 
 } // namespace norel::Desktop::DataFormat

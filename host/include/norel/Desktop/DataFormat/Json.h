@@ -33,6 +33,10 @@ class JsonConstIterator;
 /// reading.
 class NOREL_DATAFORMAT_EXPORT Json {
 public:
+    // Extensions of the reference host, not part of the contract: they read and write a text without a tree.
+    class Reader;
+    class Writer;
+
     /// A text is not JSON, a value cannot be written as JSON, or a member was asked for that is not there.
     struct NOREL_DATAFORMAT_EXPORT JsonError : std::runtime_error {
         using std::runtime_error::runtime_error;
@@ -187,3 +191,6 @@ private:
 };
 
 } // namespace norel::Desktop::DataFormat
+
+#include "norel/Desktop/DataFormat/JsonReader.h"
+#include "norel/Desktop/DataFormat/JsonWriter.h"
