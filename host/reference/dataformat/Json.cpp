@@ -1,94 +1,48 @@
 #include "norel/Desktop/DataFormat/Json.h"
 
 #include "JsonErrors.h"
+#include "JsonTree.h"
 #include "ParseJson.h"
+#include "WriteJson.h"
 
-#include <algorithm>
+#include <atomic>
 #include <cmath>
-#include <new>
+#include <cstdint>
+#include <memory>
 #include <type_traits>
 
 namespace norel::Desktop::DataFormat {
 
-using nlohmann::ordered_json;
-
-namespace {
-
-constexpr int MAXIMUM_INDENTATION = 512; // with more, deep levels run out of the JSON library's blanks
-
-/// Destroys what a value holds, where its own destructor would gather all of it on a heap of its own first.
-/// Values deeper than any text may be are left to that destructor.
-void release(ordered_json& value, std::size_t depth = Json::MAXIMUM_DEPTH) {
-    if (depth == 0)
-        return;
-    if (auto* members = value.get_ptr<ordered_json::object_t*>()) {
-        for (auto& member : *members)
-            release(member.second, depth - 1);
-        members->clear();
-    } else if (auto* elements = value.get_ptr<ordered_json::array_t*>()) {
-        for (ordered_json& element : *elements)
-            release(element, depth - 1);
-        elements->clear();
-    }
-}
-
-} // namespace
-
 struct Json::Tree {
-    Tree(ordered_json&& root, bool isViewed) : root(std::move(root)), isViewed(isViewed) {}
-    Tree(const Tree&) = delete;
-    Tree& operator=(const Tree&) = delete;
-    ~Tree() { release(root); }
+    explicit Tree(JsonTree&& newContents) noexcept : contents(std::move(newContents)) {}
 
-    ordered_json root;
-    bool isViewed;
+    JsonTree contents;
+    // A shared_ptr's count could not tell safely that other threads have finished with the tree.
+    std::atomic<std::size_t> holders{1};
+    std::size_t views = 0; // among the holders
 };
 
 namespace {
 
-const ordered_json& memberOf(const ordered_json& object, const std::string& key) {
-    if (const auto* members = object.get_ptr<const ordered_json::object_t*>())
+const Node& memberOf(const Node& object, const std::string& key) {
+    if (const auto* members = object.get_ptr<const Node::object_t*>())
         if (const auto member = members->find(key); member != members->end())
             return member->second;
-    return translateErrors([&]() -> const ordered_json& { return object.at(key); }); // which says why not
+    return translateErrors([&]() -> const Node& { return object.at(key); }); // throws the library's error
 }
 
-/// Constructs the member in its place: ordered_map's own insertions would search for the key, or copy it
-/// twice.
-void appendMember(ordered_json::object_t& members, const std::string& key, ordered_json&& value) {
-    static_cast<ordered_json::object_t::Container&>(members).emplace_back(key, std::move(value));
-}
-
-/// Grows by moving, where the vector that an object is would copy every member.
-void growMembers(ordered_json::object_t& members) {
-    constexpr std::size_t minimumCapacity = 8;
-    ordered_json::object_t grown;
-    grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
-    for (const auto& member : members)
-        appendMember(grown, member.first, nullptr);
-    auto place = grown.begin();
-    for (auto& member : members) // which cannot fail
-        (place++)->second = std::move(member.second);
-    members.swap(grown);
-}
-
-void setMember(ordered_json& object, const std::string& key, ordered_json&& value) {
+void setMember(Node& object, const std::string& key, JsonTree value) {
     if (object.is_null())
-        object = ordered_json(ordered_json::value_t::object);
-    auto* members = object.get_ptr<ordered_json::object_t*>();
+        object = Node(Node::value_t::object);
+    auto* members = object.get_ptr<Node::object_t*>();
     if (!members)
-        return translateErrors([&] { object[key] = nullptr; }); // which says why not
-    if (const auto member = members->find(key); member != members->end()) {
-        member->second = std::move(value);
-        return;
-    }
-    if (members->size() == members->capacity())
-        growMembers(*members);
-    appendMember(*members, key, std::move(value));
+        return translateErrors([&] { object[key] = nullptr; }); // throws the library's error
+    const auto member = members->find(key);
+    (member != members->end() ? member->second : appendMember(*members, key)).swap(value.root);
 }
 
-/// The integer modulo 2^32; a fraction is cut off.
-std::uint32_t wrapped(const ordered_json& number) {
+/// The number modulo 2^32, its fraction truncated.
+std::uint32_t toUint32(const Node& number) {
     if (number.is_number_float()) {
         const double remainder = std::fmod(number.get<double>(), 4294967296.0);
         return std::isfinite(remainder) ? static_cast<std::uint32_t>(static_cast<std::int64_t>(remainder))
@@ -97,189 +51,117 @@ std::uint32_t wrapped(const ordered_json& number) {
     if (number.is_number() || number.is_boolean())
         return static_cast<std::uint32_t>(number.is_boolean() ? number.get<bool>()
                                                               : number.get<std::uint64_t>());
-    return translateErrors([&] { return number.get<std::uint32_t>(); }); // which says why not
+    return translateErrors([&] { return number.get<std::uint32_t>(); }); // throws the library's error
 }
 
 template <typename T>
-T convert(const ordered_json& value) {
+T convert(const Node& value) {
     if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
-        return static_cast<T>(wrapped(value));
+        return static_cast<T>(toUint32(value));
     else
         return translateErrors([&] { return value.get<T>(); });
 }
 
 template <typename Number>
-std::map<std::string, Number> convertToMap(const ordered_json& value) {
+std::map<std::string, Number> convertToMap(const Node& value) {
     if (!value.is_object())
-        convert<std::map<std::string, double>>(value); // which says why not
+        convert<std::map<std::string, double>>(value); // throws the library's error
     std::map<std::string, Number> map;
-    for (const auto& [key, number] : value.get_ref<const ordered_json::object_t&>())
+    for (const auto& [key, number] : value.get_ref<const Node::object_t&>())
         map.emplace(key, convert<Number>(number));
     return map;
 }
 
-/// Throws for what fromString would not read back.
-void checkIsReadable(const ordered_json& value, std::size_t depth = 0) {
-    if (const auto* number = value.get_ptr<const double*>(); number && !std::isfinite(*number))
-        throw Json::JsonError("JSON cannot hold a number that is not finite");
-    if (value.is_structured() && depth == Json::MAXIMUM_DEPTH)
-        throw tooDeep();
-    if (const auto* elements = value.get_ptr<const ordered_json::array_t*>())
-        for (const ordered_json& element : *elements)
-            checkIsReadable(element, depth + 1);
-    if (const auto* members = value.get_ptr<const ordered_json::object_t*>()) {
-        if (members->size() > Json::MAXIMUM_MEMBERS)
-            throw tooManyMembers();
-        for (const auto& member : *members)
-            checkIsReadable(member.second, depth + 1);
-    }
-}
-
 } // namespace
 
-Json::JsonError::~JsonError() = default;
-Json::IncompatibleTypeError::~IncompatibleTypeError() = default;
-
 struct Json::Internals {
-    static_assert(sizeof(ordered_json) <= OWN_SIZE && alignof(ordered_json) <= alignof(std::max_align_t));
-
-    static ordered_json& own(const Json& json) {
-        return *std::launder(reinterpret_cast<ordered_json*>(json.own));
-    }
-
-    static Json make(ordered_json&& value) {
+    static Json make(JsonTree&& contents) {
         Json json;
-        own(json) = std::move(value);
+        json.tree = new Tree(std::move(contents));
+        json.node = &json.tree->contents.root;
         return json;
     }
 
-    static Json make(const std::shared_ptr<Tree>& tree, const ordered_json& place) {
+    static Json share(Tree* tree, const void* node) {
         Json json;
+        if (tree)
+            tree->holders.fetch_add(1, std::memory_order_relaxed);
         json.tree = tree;
-        json.place = &place;
+        json.node = node;
         return json;
     }
 
-    static Json makeView(const std::shared_ptr<Tree>& tree, std::vector<std::string> path) {
-        Json json;
-        json.tree = tree;
-        json.viewPath = std::make_unique<const std::vector<std::string>>(std::move(path));
-        return json;
-    }
-
-    static const ordered_json& read(const Json& json) {
+    static const Node& read(const Json& json) {
+        static const Node null;
         if (!json.tree)
-            return own(json);
-        if (!json.viewPath)
-            return *static_cast<const ordered_json*>(json.place);
-        const ordered_json* value = &json.tree->root;
-        for (const std::string& key : *json.viewPath)
+            return null;
+        if (json.path.empty())
+            return *static_cast<const Node*>(json.node);
+        const Node* value = &json.tree->contents.root;
+        for (const std::string& key : json.path)
             value = &memberOf(*value, key);
         return *value;
     }
 
-    static ordered_json& write(Json& json) {
-        if (json.viewPath)
-            return const_cast<ordered_json&>(read(json)); // the tree's root is no constant
-        if (json.tree && json.tree->isViewed)
-            return json.tree->root;
-        if (json.tree) {
-            own(json) = read(json);
-            json.tree.reset();
-        }
-        return own(json);
+    /// Whether the value may be changed through another object, so that it cannot be shared.
+    static bool isViewed(const Json& json) { return json.tree && json.tree->views != 0; }
+
+    static bool isOnlyHolder(const Json& json) {
+        return json.tree && json.tree->holders.load(std::memory_order_acquire) == 1 &&
+               json.node == &json.tree->contents.root;
     }
 
-    /// The value itself where it is `json`'s alone, otherwise a copy.
-    static ordered_json take(Json& json) {
-        if (json.tree)
-            return read(json);
-        return std::move(own(json));
+    static Node& write(Json& json) {
+        if (!isViewed(json) && !isOnlyHolder(json))
+            json = make(copyTree(read(json)));
+        return const_cast<Node&>(read(json)); // no part of a tree is a constant
     }
 
-    /// Whether a view may still change the value, so that it must be copied where it could be shared.
-    static bool mayChange(const Json& json) {
-        return json.viewPath || (json.tree && json.tree->isViewed && json.tree.use_count() > 1);
-    }
-
-    /// Puts a value that cannot change through a view into a tree that others can share.
-    static const std::shared_ptr<Tree>& share(const Json& json) {
-        if (json.tree) {
-            if (json.tree->isViewed) // by views that are gone
-                json.tree->isViewed = false;
-        } else {
-            json.tree = std::make_shared<Tree>(std::move(own(json)), false);
-            json.place = &json.tree->root;
-        }
-        return json.tree;
-    }
-
-    /// Puts a value into a tree that it shares with its views alone.
-    static const std::shared_ptr<Tree>& view(Json& json) {
-        if (!json.viewPath && !(json.tree && json.tree->isViewed)) {
-            const auto viewed = std::make_shared<Tree>(nullptr, true);
-            viewed->root = take(json);
-            json.tree = viewed;
-            json.place = &json.tree->root;
-        }
-        return json.tree;
+    /// The value, moved where nobody else holds it.
+    static JsonTree take(Json& json) {
+        return !isViewed(json) && isOnlyHolder(json) ? std::move(json.tree->contents) : copyTree(read(json));
     }
 };
 
-Json::Json() noexcept { new (own) ordered_json(); }
+Json::Json() noexcept = default;
 
-Json::~Json() {
-    ordered_json& value = Internals::own(*this);
-    if (value.is_null()) // what was moved from, mostly; it owns nothing
-        return;
-    release(value);
-    value.~basic_json();
-}
+Json::Json(int number) : Json(Internals::make(JsonTree(number))) {}
 
-Json::Json(int number) { new (own) ordered_json(number); }
+Json::Json(unsigned int number) : Json(Internals::make(JsonTree(number))) {}
 
-Json::Json(unsigned int number) { new (own) ordered_json(number); }
+Json::Json(double number) : Json(Internals::make(JsonTree(number))) {}
 
-Json::Json(double number) { new (own) ordered_json(number); }
+Json::Json(bool boolean) : Json(Internals::make(JsonTree(boolean))) {}
 
-Json::Json(bool boolean) { new (own) ordered_json(boolean); }
+Json::Json(const std::string& text) : Json(Internals::make(JsonTree(text))) {}
 
-Json::Json(const std::string& text) { new (own) ordered_json(text); }
+Json::Json(const char* text) : Json(Internals::make(JsonTree(text))) {}
 
-Json::Json(const char* text) { new (own) ordered_json(text); }
+Json::Json(const std::map<std::string, int>& members) : Json(Internals::make(JsonTree(members))) {}
 
-Json::Json(const std::map<std::string, int>& members) { new (own) ordered_json(members); }
+Json::Json(const std::map<std::string, unsigned int>& members) : Json(Internals::make(JsonTree(members))) {}
 
-Json::Json(const std::map<std::string, unsigned int>& members) { new (own) ordered_json(members); }
+Json::Json(const std::map<std::string, double>& members) : Json(Internals::make(JsonTree(members))) {}
 
-Json::Json(const std::map<std::string, double>& members) { new (own) ordered_json(members); }
-
-Json::Json(const std::vector<std::string>& elements) { new (own) ordered_json(elements); }
+Json::Json(const std::vector<std::string>& elements) : Json(Internals::make(JsonTree(elements))) {}
 
 Json::Json(const std::vector<Json>& elements) : Json(std::vector<Json>(elements)) {}
 
 Json::Json(std::vector<Json>&& elements) {
-    ordered_json::array_t array;
-    array.reserve(elements.size());
+    JsonTree array(Node::value_t::array);
+    auto& values = array.root.get_ref<Node::array_t&>();
+    values.reserve(elements.size());
     for (Json& element : elements)
-        array.push_back(Internals::take(element));
-    new (own) ordered_json(std::move(array));
+        values.push_back(std::move(Internals::take(element).root));
+    *this = Internals::make(std::move(array));
 }
 
-Json::Json(const Json& other) {
-    if (Internals::mayChange(other) || (!other.tree && Internals::own(other).is_primitive())) {
-        new (own) ordered_json(Internals::read(other));
-    } else {
-        new (own) ordered_json();
-        tree = Internals::share(other);
-        place = other.place;
-    }
-}
+Json::Json(const Json& other)
+    : Json(Internals::isViewed(other) ? Internals::make(copyTree(Internals::read(other)))
+                                      : Internals::share(other.tree, other.node)) {}
 
 Json::Json(Json&& other) noexcept
-    : tree(std::move(other.tree)), place(other.place), viewPath(std::move(other.viewPath)) {
-    new (own) ordered_json(std::move(Internals::own(other)));
-}
+    : tree(std::exchange(other.tree, nullptr)), node(other.node), path(std::move(other.path)) {}
 
 Json& Json::operator=(const Json& other) {
     if (this != &other)
@@ -288,74 +170,52 @@ Json& Json::operator=(const Json& other) {
 }
 
 Json& Json::operator=(Json&& other) noexcept {
-    std::swap(Internals::own(*this), Internals::own(other));
-    tree.swap(other.tree);
-    std::swap(place, other.place);
-    viewPath.swap(other.viewPath);
+    std::swap(tree, other.tree);
+    std::swap(node, other.node);
+    path.swap(other.path);
     return *this;
+}
+
+Json::~Json() {
+    if (!tree)
+        return;
+    if (!path.empty())
+        --tree->views;
+    if (tree->holders.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        delete tree;
 }
 
 Json Json::fromString(const std::string& text) { return Internals::make(parseJson(text)); }
 
-std::string Json::toString(int indent) const {
-    const ordered_json& value = Internals::read(*this);
-    checkIsReadable(value);
-    return translateErrors([&] { return value.dump(std::min(indent, MAXIMUM_INDENTATION)); });
-}
-
-std::string Json::arrayToString(std::size_t size, const std::function<Json(std::size_t)>& makeElement,
-                                int indent) {
-    if (size == 0)
-        return "[]";
-    const auto blanks = static_cast<unsigned int>(std::clamp(indent, 0, MAXIMUM_INDENTATION));
-    const std::string lineStart = indent < 0 ? std::string() : std::string(1, '\n').append(blanks, ' ');
-    std::string text = "[";
-    // one for all elements, of which dump() would make one each
-    nlohmann::detail::serializer<ordered_json> serializer(nlohmann::detail::output_adapter<char>(text), ' ');
-    for (std::size_t i = 0; i < size; ++i) {
-        const Json element = makeElement(i);
-        const ordered_json& value = Internals::read(element);
-        checkIsReadable(value, 1);
-        text.append(i == 0 ? "" : ",").append(lineStart);
-        translateErrors([&] { serializer.dump(value, indent >= 0, false, blanks, blanks); });
-    }
-    return text += indent < 0 ? "]" : "\n]";
-}
+std::string Json::toString(int indent) const { return writeJson(Internals::read(*this), indent); }
 
 bool Json::contains(const std::string& key) const { return Internals::read(*this).contains(key); }
 
 bool Json::isNull() const { return Internals::read(*this).is_null(); }
 
 const Json Json::getValue(const std::string& key) const {
-    if (Internals::mayChange(*this))
-        return Internals::make(ordered_json(memberOf(Internals::read(*this), key)));
-    const std::shared_ptr<Tree>& shared = Internals::share(*this);
-    return Internals::make(shared, memberOf(Internals::read(*this), key));
+    const Node& member = memberOf(Internals::read(*this), key);
+    return Internals::isViewed(*this) ? Internals::make(copyTree(member)) : Internals::share(tree, &member);
 }
 
 Json Json::getValue(const std::string& key) {
-    memberOf(Internals::read(*this), key);
-    const std::shared_ptr<Tree>& viewed = Internals::view(*this);
-    std::vector<std::string> path = viewPath ? *viewPath : std::vector<std::string>{};
-    path.push_back(key);
-    return Internals::makeView(viewed, std::move(path));
+    memberOf(Internals::read(*this), key); // must exist
+    Internals::write(*this);               // makes the tree this value's alone, unless it has views already
+    std::vector<std::string> memberPath = path;
+    memberPath.push_back(key);
+    Json view = Internals::share(tree, nullptr);
+    view.path = std::move(memberPath);
+    ++tree->views;
+    return view;
 }
 
 void Json::set(const std::string& key, const Json& value) { set(key, Json(value)); }
 
 void Json::set(const std::string& key, Json&& value) {
-    if (!value.tree && &value != this)
-        setMember(Internals::write(*this), key, std::move(Internals::own(value)));
-    else
-        setMember(Internals::write(*this), key, ordered_json(Internals::read(value)));
-}
-
-void Json::reserve(std::size_t members) {
-    if (!isNull())
-        return;
-    ordered_json& value = Internals::write(*this);
-    value = ordered_json(ordered_json::value_t::object);
-    value.get_ref<ordered_json::object_t&>().reserve(members);
+    if (&value == this)
+        return set(key, Json(value));
+    JsonTree contents = Internals::take(value); // first: it may be a view of this value, or this one of it
+    setMember(Internals::write(*this), key, std::move(contents));
 }
 
 std::string Json::get(const std::string& key) const {
@@ -365,18 +225,18 @@ std::string Json::get(const std::string& key) const {
 std::string Json::getAsString() const { return as<std::string>(); }
 
 JsonConstIterator Json::begin() const {
-    const ordered_json& value = Internals::read(*this);
+    const Node& value = Internals::read(*this);
     if (!value.is_array())
-        translateErrors([&] { return value.get<std::vector<ordered_json>>(); }); // which says why not
+        translateErrors([&] { return value.get<std::vector<Node>>(); }); // throws the library's error
     return {*this, 0};
 }
 
 JsonConstIterator Json::end() const { return {Json(), Internals::read(*this).size()}; }
 
 Json JsonConstIterator::operator*() const {
-    const std::shared_ptr<Json::Tree>& shared = Json::Internals::share(array); // first: it moves the elements
-    const ordered_json& elements = Json::Internals::read(array);
-    return translateErrors([&] { return Json::Internals::make(shared, elements.at(position)); });
+    const Node& elements = Json::Internals::read(array);
+    const Node& element = translateErrors([&]() -> const Node& { return elements.at(position); });
+    return Json::Internals::share(array.tree, &element);
 }
 
 template <>

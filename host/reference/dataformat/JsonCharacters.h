@@ -14,6 +14,15 @@ inline std::uint64_t loadEightBytes(const char* position) {
     return bytes;
 }
 
+/// The first byte that is not a space: indentation is half of a document.
+inline const char* skipSpaces(const char* position, const char* end) {
+    while (end - position >= 8 && loadEightBytes(position) == EVERY_BYTE * ' ')
+        position += 8;
+    while (position != end && *position == ' ')
+        ++position;
+    return position;
+}
+
 /// Whether a byte of a string is a character that JSON writes as it is: ASCII, no control character, no quote
 /// and no backslash.
 inline bool isPlain(char character) {

@@ -4,17 +4,24 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 namespace norel::Desktop::DataFormat {
 
-inline Json::JsonError tooDeep() {
+/// `place` follows the text.
+inline Json::JsonError tooDeep(const std::string& place = "") {
     return Json::JsonError("arrays and objects nest deeper than " + std::to_string(Json::MAXIMUM_DEPTH) +
-                           " levels");
+                           " levels" + place);
 }
 
-inline Json::JsonError tooManyMembers() {
-    return Json::JsonError("an object has more than " + std::to_string(Json::MAXIMUM_MEMBERS) + " members");
+/// " at line 1, column 1" for the first byte, as the JSON library counts.
+inline std::string placeInText(const std::string& text, std::size_t offset) {
+    const std::string_view before = std::string_view(text).substr(0, offset);
+    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+    const auto lineStart = before.rfind('\n') + 1; // 0 when there is no line feed
+    return " at line " + std::to_string(line) + ", column " + std::to_string(before.size() - lineStart + 1);
 }
 
 /// The JSON library's error text, cut when a hostile document made it long.

@@ -55,9 +55,7 @@ void appendUtf8(std::string& text, unsigned int codePoint) {
 inline void Json::Reader::skipWhiteSpace() {
     const char* next = position;
     while (next != textEnd && (*next == ' ' || *next == '\n' || *next == '\r' || *next == '\t')) {
-        ++next;
-        while (textEnd - next >= 8 && loadEightBytes(next) == EVERY_BYTE * ' ')
-            next += 8;
+        next = skipSpaces(next + 1, textEnd);
     }
     position = next;
 }
@@ -66,6 +64,8 @@ inline char Json::Reader::peek() {
     skipWhiteSpace();
     return position != textEnd ? *position : '\0';
 }
+
+char Json::Reader::peekKind() { return peek(); }
 
 inline void Json::Reader::take(char expected) {
     if (peek() != expected)

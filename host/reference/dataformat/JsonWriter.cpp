@@ -136,12 +136,12 @@ void Json::Writer::write(bool boolean) {
     text += boolean ? "true" : "false";
 }
 
-void Json::Writer::write(int number) {
+void Json::Writer::writeInteger(std::int64_t number) {
     beginValue();
     appendInteger(text, number);
 }
 
-void Json::Writer::write(unsigned int number) {
+void Json::Writer::writeInteger(std::uint64_t number) {
     beginValue();
     appendInteger(text, number);
 }

@@ -3,9 +3,7 @@
 #include "norel/Desktop/DataFormat/Export.h"
 
 #include <cstddef>
-#include <functional>
 #include <map>
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -18,44 +16,37 @@ class JsonConstIterator;
 /// One JSON value: null, boolean, number, string, array or object. Objects keep their members in the order in
 /// which they were set.
 ///
-/// A Json is a value: no copy ever sees a change made to another. Copies, the results of the const getValue
-/// and iteration share one tree behind the scenes and cost nothing until one of them is changed.
+/// A Json is a value: changing one never changes a copy. Copies, the results of the const getValue and
+/// iteration share one tree internally, which is copied when one of them is changed.
 ///
-/// A view is the Json that the non-const getValue returns. What is set on a view is set in the value that it
-/// was taken from, and what is changed in that value is seen through the view. A view may be kept for any
-/// time, also longer than that value; it designates its member by key, so using a view whose member is gone
-/// raises JsonError. Copying a view gives an independent value, moving it gives the view itself; assigning to
-/// a view makes it another value and leaves the one it was taken from as it is. Moving a value takes its
-/// views along; assigning to it leaves them what they were.
+/// The non-const getValue returns a view: changing the view changes the value it was taken from, and changes
+/// of that value are visible through the view. A view may outlive that value. It designates its member by
+/// key, so using a view whose member no longer exists throws JsonError. Copying a view gives an independent
+/// value; moving it gives the view itself. Assigning to a view makes it another value and does not change the
+/// value it was taken from. Moving a value keeps its views attached; assigning to it detaches them, with the
+/// former value.
 ///
-/// Threads: distinct objects may be used by distinct threads, also when one is a copy of the other (a view
-/// and the value it was taken from count as one object). One object serves one thread at a time, even for
-/// reading.
+/// Threads: as for standard types, several threads may use const operations on one object at once, and
+/// distinct objects, even copies of each other, are independent. A view and the value it was taken from count
+/// as one object.
 class NOREL_DATAFORMAT_EXPORT Json {
 public:
-    // Extensions of the reference host, not part of the contract: they read and write a text without a tree.
+    // Extensions of the reference host, not part of the contract: they read and write text without a tree.
     class Reader;
     class Writer;
 
-    /// A text is not JSON, a value cannot be written as JSON, or a member was asked for that is not there.
+    /// A text is not JSON, a value cannot be written as JSON, or a member does not exist.
     struct NOREL_DATAFORMAT_EXPORT JsonError : std::runtime_error {
         using std::runtime_error::runtime_error;
-        JsonError(const JsonError&) = default;
-        JsonError& operator=(const JsonError&) = default;
-        ~JsonError() override;
     };
 
-    /// A value is of another kind than the one asked for.
+    /// A value is not of the requested kind.
     struct NOREL_DATAFORMAT_EXPORT IncompatibleTypeError : JsonError {
         using JsonError::JsonError;
-        IncompatibleTypeError(const IncompatibleTypeError&) = default;
-        IncompatibleTypeError& operator=(const IncompatibleTypeError&) = default;
-        ~IncompatibleTypeError() override;
     };
 
-    /// The deepest nesting of arrays and objects, and the most members of one object, that a text may have.
+    /// How deep arrays and objects may nest in a text.
     static constexpr std::size_t MAXIMUM_DEPTH = 100;
-    static constexpr std::size_t MAXIMUM_MEMBERS = 1000;
 
     /// null
     Json() noexcept;
@@ -80,56 +71,48 @@ public:
     Json& operator=(Json&& other) noexcept;
     ~Json();
 
-    /// Parses a whole JSON text. Throws JsonError when the text is not exactly one JSON value, nests deeper
-    /// than MAXIMUM_DEPTH or holds an object of more than MAXIMUM_MEMBERS. Of members of one name the last
-    /// one counts.
+    /// Parses a whole JSON text in linear time. Throws JsonError when the text is not exactly one JSON value,
+    /// nests deeper than MAXIMUM_DEPTH or would take more than 24 times its own memory (texts of some
+    /// kilobytes may), which only masses of nearly empty nested arrays do. Duplicate keys: the last value
+    /// wins, at the position of the first.
     static Json fromString(const std::string& text);
 
-    /// The JSON text, one element or member a line with `indent` blanks a level, at most 512; on one line
-    /// when negative. Throws JsonError for what fromString would not read back: a number that JSON cannot
-    /// hold, a text that is not UTF-8, or a value beyond MAXIMUM_DEPTH or MAXIMUM_MEMBERS.
+    /// The JSON text. Each element or member has a line of its own, with `indent` spaces (at most 512) per
+    /// level; a negative `indent` gives a single line. Throws JsonError for what fromString would not read
+    /// back: a number that is not finite, a string that is not UTF-8, or nesting deeper than MAXIMUM_DEPTH.
     std::string toString(int indent) const;
 
-    /// The text, as toString gives it, of the array of `size` elements. `makeElement` is called for each in
-    /// turn with its position, and what it makes is let go of before the next: the array is never held as a
-    /// whole. Throws what `makeElement` throws, and as toString for the first element that cannot be written.
-    static std::string arrayToString(std::size_t size, const std::function<Json(std::size_t)>& makeElement,
-                                     int indent);
-
-    /// Whether this is an object with a member of that name.
+    /// Whether this is an object with that member.
     bool contains(const std::string& key) const;
 
     bool isNull() const;
 
-    /// The member's value, or a view of it (see above). Throws JsonError when there is none.
+    /// The member's value, or a view of it (see above). Throws JsonError when the member does not exist.
     const Json
     getValue(const std::string& key) const; // NOLINT(readability-const-return-type): picks the overload
     Json getValue(const std::string& key);
 
-    /// Stores `value` as member `key`: in the place of the member of that name, or after the others. Makes a
-    /// null an object first. Throws JsonError when this is neither null nor an object.
+    /// Replaces the value of member `key`, or adds the member after the others. Turns null into an object
+    /// first. Throws JsonError when this is neither null nor an object.
     void set(const std::string& key, const Json& value);
     void set(const std::string& key, Json&& value);
 
-    /// Makes a null an object with room for that many members. Does nothing to any other value.
-    void reserve(std::size_t members);
-
-    /// The string held by member `key`. Throws JsonError when there is none, IncompatibleTypeError when it is
-    /// no string.
+    /// The string held by member `key`. Throws JsonError when the member does not exist,
+    /// IncompatibleTypeError when it is not a string.
     std::string get(const std::string& key) const;
 
-    /// The string held by this value. Throws IncompatibleTypeError when it is no string.
+    /// The string held by this value. Throws IncompatibleTypeError when it is not a string.
     std::string getAsString() const;
 
-    /// The elements of an array, first to last. They stay what they are while an iterator lives, whatever is
-    /// done to this value. Throws IncompatibleTypeError when this is no array.
+    /// The elements of an array, first to last. Changing this value does not affect its existing iterators.
+    /// Throws IncompatibleTypeError when this is not an array.
     JsonConstIterator begin() const;
     JsonConstIterator end() const;
 
     /// Reads the value as int, unsigned int, double, bool, std::string, std::vector<std::string> or a
     /// std::map<std::string, N> of one of the three number types.
-    /// The integers take any number, and true and false as 1 and 0: a fraction is cut off, and what lies
-    /// outside the type's range wraps modulo 2^32. The others take only their own kind. Throws
+    /// The integer types accept any number, and true and false as 1 and 0: a fraction is truncated, and a
+    /// number outside the type's range wraps modulo 2^32. The other types accept only their own kind. Throws
     /// IncompatibleTypeError for another kind.
     template <typename T>
     T as() const;
@@ -137,18 +120,13 @@ public:
 private:
     friend class JsonConstIterator;
     struct Tree;
-    struct Internals; // all that touches the JSON library's own type, which no header shows
+    struct Internals; // everything that uses the JSON library's own type, which no header shows
 
-    // The value is one of:
-    // - its own, held in `own`: no tree;
-    // - a place in a tree that nobody changes any more, shared with any number of others;
-    // - the root of a tree that its views change with it: tree->isViewed;
-    // - a view: the tree of the value it was taken from, and in `viewPath` the keys from its root.
-    static constexpr std::size_t OWN_SIZE = 16;
-    alignas(std::max_align_t) mutable std::byte own[OWN_SIZE];
-    mutable std::shared_ptr<Tree> tree;
-    mutable const void* place = nullptr;
-    std::unique_ptr<const std::vector<std::string>> viewPath;
+    // A tree counts the objects that hold it, and the views among them. Without views it is shared by any
+    // number of values and must not change; with views it belongs to them and at most one value.
+    Tree* tree = nullptr;          // null: the value is null
+    const void* node = nullptr;    // of a value: where it is in the tree
+    std::vector<std::string> path; // of a view: the keys from the root of the tree; empty for a value
 };
 
 template <>
@@ -171,20 +149,21 @@ NOREL_DATAFORMAT_EXPORT std::map<std::string, double> Json::as<std::map<std::str
 template <>
 NOREL_DATAFORMAT_EXPORT std::vector<std::string> Json::as<std::vector<std::string>>() const;
 
-/// A position in an array; keeps the array's elements alive. Threads: as Json.
+/// A position in an array; keeps the array alive. Threads: as Json.
 class NOREL_DATAFORMAT_EXPORT JsonConstIterator {
 public:
     bool operator!=(const JsonConstIterator& other) const { return position != other.position; }
 
     void operator++() { ++position; }
 
-    /// The element at the position. Throws Json::JsonError when the position is past the last one.
+    /// The element at the position. Throws Json::JsonError when there is none.
     Json operator*() const;
 
 private:
     friend class Json;
 
-    JsonConstIterator(Json array, std::size_t position) : array(std::move(array)), position(position) {}
+    JsonConstIterator(Json newArray, std::size_t newPosition)
+        : array(std::move(newArray)), position(newPosition) {}
 
     Json array;
     std::size_t position;

@@ -71,6 +71,7 @@ private:
     };
 
     void skipWhiteSpace();
+    char peekKind();
     char peek(); // the first character of what comes next, NUL at the end of the text
     void take(char expected);
     void takeWord(std::string_view word);

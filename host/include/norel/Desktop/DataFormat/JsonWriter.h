@@ -3,6 +3,7 @@
 #include "norel/Desktop/DataFormat/Json.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -43,8 +44,8 @@ public:
 
     void write(std::nullptr_t);
     void write(bool boolean);
-    void write(int number);
-    void write(unsigned int number);
+    void write(int number) { writeInteger(std::int64_t{number}); }
+    void write(unsigned int number) { writeInteger(std::uint64_t{number}); }
     void write(double number);
     void write(std::string_view string);
     void write(const std::string& string) { write(std::string_view(string)); }
@@ -56,6 +57,8 @@ public:
 private:
     friend class JsonTreeWriter;
 
+    void writeInteger(std::int64_t number);
+    void writeInteger(std::uint64_t number);
     void open(char opening);
     void close(char closing);
     void beginItem();

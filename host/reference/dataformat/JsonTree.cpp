@@ -1,0 +1,120 @@
+#include "JsonTree.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace norel::Desktop::DataFormat {
+
+namespace {
+
+using Elements = Node::array_t;
+using Members = Node::object_t;
+
+Node& valueOf(Node& element) { return element; }
+
+Node& valueOf(Members::value_type& member) { return member.second; }
+
+/// Calls `use` with the elements or members of an array or object.
+template <typename Use>
+decltype(auto) withChildren(Node& container, const Use& use) {
+    if (auto* elements = container.get_ptr<Elements*>())
+        return use(*elements);
+    return use(container.get_ref<Members&>());
+}
+
+/// Removes the last child until that is one with children, which is returned. Null when only the first child
+/// is left.
+template <typename Children>
+Node removeFromBack(Children& children) {
+    while (children.size() > 1) {
+        Node last = std::move(valueOf(children.back()));
+        children.pop_back();
+        if (hasChildren(last))
+            return last;
+    }
+    return nullptr;
+}
+
+void growMembers(Members& members) {
+    constexpr std::size_t minimumCapacity = 8;
+    Members grown;
+    grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
+    for (const auto& member : members)
+        grown.Members::Container::emplace_back(member.first, nullptr);
+    for (std::size_t i = 0; i < members.size(); ++i) // which cannot fail
+        (grown.begin() + static_cast<std::ptrdiff_t>(i))->second =
+            std::move((members.begin() + static_cast<std::ptrdiff_t>(i))->second);
+    members.swap(grown);
+}
+
+} // namespace
+
+bool hasChildren(const Node& value) { return value.is_structured() && !value.empty(); }
+
+void destroyChildren(Node& value) noexcept {
+    // Walks the tree without a stack: in each container that was entered, the parent takes the place of the
+    // first child.
+    Node current;
+    Node next = std::move(value);
+    for (;;) {
+        while (hasChildren(next)) {
+            Node first = withChildren(next, [&](auto& children) {
+                return std::exchange(valueOf(children.front()), std::move(current));
+            });
+            current = std::move(next);
+            next = std::move(first);
+        }
+        if (current.is_null())
+            return;
+        next = withChildren(current, [](auto& children) { return removeFromBack(children); });
+        if (next.is_null()) {
+            Node parent = withChildren(current, [](auto& children) {
+                Node first = std::move(valueOf(children.front()));
+                children.clear();
+                return first;
+            });
+            current = std::move(parent);
+        }
+    }
+}
+
+JsonTree copyTree(const Node& value) {
+    JsonTree copy;
+    std::vector<std::pair<const Node*, Node*>> pending{{&value, &copy.root}};
+    // Containers are reserved to their final size, so that the addresses in `pending` stay valid.
+    const auto copyChild = [&](const Node& from, Node& to) {
+        if (hasChildren(from))
+            pending.emplace_back(&from, &to);
+        else
+            to = from;
+    };
+    while (!pending.empty()) {
+        const auto [from, to] = pending.back();
+        pending.pop_back();
+        if (const auto* elements = from->get_ptr<const Elements*>()) {
+            *to = Node(Node::value_t::array);
+            auto& copies = to->get_ref<Elements&>();
+            copies.resize(elements->size());
+            for (std::size_t i = 0; i < copies.size(); ++i)
+                copyChild((*elements)[i], copies[i]);
+        } else if (const auto* members = from->get_ptr<const Members*>()) {
+            *to = Node(Node::value_t::object);
+            auto& copies = to->get_ref<Members&>();
+            copies.reserve(members->size());
+            for (const auto& [key, member] : *members)
+                copyChild(member, appendMember(copies, key));
+        } else {
+            *to = *from;
+        }
+    }
+    return copy;
+}
+
+Node& appendMember(Members& members, std::string key) {
+    if (members.size() == members.capacity())
+        growMembers(members);
+    return members.Members::Container::emplace_back(std::move(key), nullptr).second;
+}
+
+} // namespace norel::Desktop::DataFormat

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <utility>
+
+namespace norel::Desktop::DataFormat {
+
+using Node = nlohmann::ordered_json;
+
+/// Whether this is an array or object that is not empty.
+bool hasChildren(const Node& value);
+
+/// Makes the value null. Takes neither memory nor stack, however deep the value is, where its own destructor
+/// first gathers the children on the heap, which ends the program when there is no memory left.
+void destroyChildren(Node& value) noexcept;
+
+/// Owns a value. Every value that may have children is destroyed by one of these.
+struct JsonTree {
+    JsonTree() = default;
+    explicit JsonTree(Node value) noexcept : root(std::move(value)) {}
+    JsonTree(JsonTree&& other) noexcept = default;
+    JsonTree& operator=(JsonTree&& other) noexcept {
+        root.swap(other.root);
+        return *this;
+    }
+    ~JsonTree() { destroyChildren(root); }
+
+    Node root;
+};
+
+/// A deep copy.
+JsonTree copyTree(const Node& value);
+
+/// Adds a null member after the others and returns its value. The object must not have the key yet. (Objects
+/// are vectors of pairs with a constant key: their own insertions search for the key, and copy every member
+/// when they grow.)
+Node& appendMember(Node::object_t& members, std::string key);
+
+} // namespace norel::Desktop::DataFormat
