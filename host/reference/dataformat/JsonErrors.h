@@ -10,6 +10,8 @@
 
 namespace norel::Desktop::DataFormat {
 
+inline Json::JsonError notFinite() { return Json::JsonError("JSON cannot hold a number that is not finite"); }
+
 /// `place` follows the text.
 inline Json::JsonError tooDeep(const std::string& place = "") {
     return Json::JsonError("arrays and objects nest deeper than " + std::to_string(Json::MAXIMUM_DEPTH) +

@@ -1,15 +1,26 @@
 #include "JsonOutline.h"
 
 #include "JsonCharacters.h"
+#include "JsonTree.h"
 #include "norel/Desktop/DataFormat/Json.h"
 
+#include <algorithm>
 #include <array>
 
 namespace norel::Desktop::DataFormat {
 
 namespace {
 
-/// The end of the text of a string, which is its closing quote.
+// What the parts of a tree take from the heap, as common allocators round it.
+constexpr std::size_t BLOCK_OVERHEAD = 16;
+constexpr std::size_t CONTAINER = sizeof(Node::object_t) + 8;
+constexpr std::size_t STRING = sizeof(std::string) + BLOCK_OVERHEAD;
+constexpr std::size_t LONGEST_INNER_STRING = 15; // which std::string holds without the heap
+
+/// Left to small texts, so that these nest as they like.
+constexpr std::size_t FIXED_MEMORY = std::size_t{60} * 1024;
+
+/// The closing quote of a string, or the end of the text.
 const char* skipString(const char* position, const char* end) {
     for (;;) {
         position = skipPlain(position, end);
@@ -21,15 +32,32 @@ const char* skipString(const char* position, const char* end) {
     }
 }
 
+/// An array or object that is open, or the text as a whole.
+struct Level {
+    std::size_t index; // of its count
+    std::size_t itemSize;
+};
+
 } // namespace
 
 JsonOutline::JsonOutline(const std::string& text) {
-    std::array<std::size_t, Json::MAXIMUM_DEPTH + 1> open{}; // the indices of their counts
-    std::size_t depth = 0;
-    itemCounts.push_back(0); // of the text itself
-    std::uint32_t* innermost = itemCounts.data();
+    const std::size_t maximumMemory = MEMORY_PER_BYTE * text.size() + FIXED_MEMORY;
+    std::size_t memory = 0;
+    std::array<Level, Json::MAXIMUM_DEPTH + 1> levels{};
+    Level* innermost = levels.data();
+    itemCounts.push_back(0);
+    const auto addItem = [&] {
+        ++itemCounts[innermost->index];
+        memory += innermost->itemSize;
+    };
+    const auto addFirstItem = [&] {
+        if (itemCounts[innermost->index] == 0) {
+            addItem();
+            memory += BLOCK_OVERHEAD;
+        }
+    };
     const char* const end = text.data() + text.size();
-    for (const char* position = text.data(); position != end; ++position) {
+    for (const char* position = text.data(); position != end && memory <= maximumMemory; ++position) {
         switch (*position) {
         case ' ':
             position = skipSpaces(position, end) - 1;
@@ -37,35 +65,44 @@ JsonOutline::JsonOutline(const std::string& text) {
         case '\n':
         case '\r':
         case '\t':
-        case ':':
             break;
         case ',':
-            ++*innermost;
+            addItem();
+            break;
+        case ':': // the string was a key, which is part of its member
+            memory -= std::min(memory, STRING);
             break;
         case '[':
         case '{':
-            if (depth == Json::MAXIMUM_DEPTH) {
+            if (innermost == &levels.back()) {
                 tooDeepAt = static_cast<std::size_t>(position - text.data());
                 return;
             }
-            *innermost += *innermost == 0 ? 1 : 0;
-            open[++depth] = itemCounts.size();
-            innermost = &itemCounts.emplace_back(0);
+            addFirstItem();
+            *++innermost = {itemCounts.size(), *position == '[' ? sizeof(Node::array_t::value_type)
+                                                                : sizeof(Node::object_t::value_type)};
+            itemCounts.push_back(0);
+            memory += CONTAINER + sizeof(std::uint32_t);
             break;
         case ']':
         case '}':
-            depth -= depth == 0 ? 0 : 1;
-            innermost = &itemCounts[open[depth]];
+            innermost -= innermost == levels.data() ? 0 : 1;
             break;
-        case '"':
-            position = skipString(position + 1, end);
+        case '"': {
+            addFirstItem();
+            const char* const first = position + 1;
+            position = skipString(first, end);
             if (position == end)
                 return;
-            [[fallthrough]];
+            const auto length = static_cast<std::size_t>(position - first);
+            memory += STRING + (length > LONGEST_INNER_STRING ? length + BLOCK_OVERHEAD : 0);
+            break;
+        }
         default:
-            *innermost += *innermost == 0 ? 1 : 0;
+            addFirstItem();
         }
     }
+    takesTooMuchMemory = memory > maximumMemory;
     itemCounts.shrink_to_fit();
 }
 

@@ -1,6 +1,7 @@
 #include "JsonTree.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -46,6 +47,49 @@ void growMembers(Members& members) {
         (grown.begin() + static_cast<std::ptrdiff_t>(i))->second =
             std::move((members.begin() + static_cast<std::ptrdiff_t>(i))->second);
     members.swap(grown);
+}
+
+bool hasFewMembersAndNoDuplicates(const Members& members) {
+    constexpr std::size_t few = 16;
+    if (members.size() > few)
+        return false;
+    for (auto member = members.begin(); member != members.end(); ++member)
+        for (auto other = members.begin(); other != member; ++other)
+            if (other->first == member->first)
+                return false;
+    return true;
+}
+
+struct HashedMember {
+    std::size_t hash;
+    std::size_t index;
+};
+
+/// The members ordered so that those with the same key stand together, in the order of the object. The hashes
+/// save most comparisons of keys; keys that were chosen to have the same hash cost no more than sorting.
+std::vector<HashedMember> sortByKey(const Members& members) {
+    std::vector<HashedMember> sorted;
+    sorted.reserve(members.size());
+    for (const auto& member : members)
+        sorted.push_back({std::hash<std::string>()(member.first), sorted.size()});
+    std::sort(sorted.begin(), sorted.end(), [](const HashedMember& a, const HashedMember& b) {
+        return a.hash != b.hash ? a.hash < b.hash : a.index < b.index;
+    });
+    const auto keyOf = [&](const HashedMember& member) -> const std::string& {
+        return members.data()[member.index].first;
+    };
+    for (auto first = sorted.begin(); first != sorted.end();) {
+        const auto last =
+            std::find_if(first, sorted.end(), [&](const HashedMember& m) { return m.hash != first->hash; });
+        const auto hasOtherKey = [&](const HashedMember& m) { return keyOf(m) != keyOf(*first); };
+        if (std::any_of(first, last, hasOtherKey))
+            std::sort(first, last, [&](const HashedMember& a, const HashedMember& b) {
+                const int order = keyOf(a).compare(keyOf(b));
+                return order != 0 ? order < 0 : a.index < b.index;
+            });
+        first = last;
+    }
+    return sorted;
 }
 
 } // namespace
@@ -115,6 +159,36 @@ Node& appendMember(Members& members, std::string key) {
     if (members.size() == members.capacity())
         growMembers(members);
     return members.Members::Container::emplace_back(std::move(key), nullptr).second;
+}
+
+void removeDuplicates(Members& members) {
+    if (hasFewMembersAndNoDuplicates(members))
+        return;
+    std::vector<bool> isRemoved(members.size());
+    std::size_t remainingCount = members.size();
+    Members::value_type* const all = members.data();
+    Members::value_type* first = nullptr; // of those with the same key
+    for (const HashedMember& sorted : sortByKey(members)) {
+        auto& member = all[sorted.index];
+        if (!first || first->first != member.first) {
+            first = &member;
+            continue;
+        }
+        first->second.swap(member.second);
+        isRemoved[sorted.index] = true;
+        --remainingCount;
+    }
+    if (remainingCount == members.size())
+        return;
+    Members remaining;
+    remaining.reserve(remainingCount);
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        if (isRemoved[i])
+            destroyChildren(all[i].second);
+        else
+            appendMember(remaining, all[i].first) = std::move(all[i].second);
+    }
+    members.swap(remaining);
 }
 
 } // namespace norel::Desktop::DataFormat

@@ -38,4 +38,8 @@ JsonTree copyTree(const Node& value);
 /// when they grow.)
 Node& appendMember(Node::object_t& members, std::string key);
 
+/// Of the members with the same key keeps one: the last value, at the position of the first. Takes linear
+/// time, but for sorting.
+void removeDuplicates(Node::object_t& members);
+
 } // namespace norel::Desktop::DataFormat

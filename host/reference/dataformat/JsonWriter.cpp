@@ -148,7 +148,7 @@ void Json::Writer::writeInteger(std::uint64_t number) {
 
 void Json::Writer::write(double number) {
     if (!std::isfinite(number))
-        throw JsonError("JSON cannot hold a number that is not finite");
+        throw notFinite();
     beginValue();
     appendFloatingPoint(text, number);
 }

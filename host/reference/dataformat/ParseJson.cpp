@@ -13,31 +13,11 @@
 namespace norel::Desktop::DataFormat {
 namespace {
 
-/// How much memory a tree may take: 24 bytes for each byte of the text, and a fixed part that leaves small
-/// texts alone.
-constexpr std::size_t MEMORY_PER_BYTE = 24;
-constexpr std::size_t FIXED_MEMORY = std::size_t{64} * 1024;
-
-/// What an allocation takes from the heap, as common allocators round it.
-std::size_t heapBlock(std::size_t size) {
-    constexpr std::size_t header = 8;
-    constexpr std::size_t unit = 16;
-    return size == 0 ? 0 : std::max(2 * unit, (size + header + unit - 1) / unit * unit);
-}
-
-/// What a string takes beside the object itself.
-std::size_t heapBlockOfText(const std::string& text) {
-    static const std::size_t withoutHeap = std::string().capacity();
-    return text.size() <= withoutHeap ? 0 : heapBlock(text.size() + 1);
-}
-
 /// Builds the value from events. Each array and object is built in its place, with room for just its items.
 class TreeBuilder final : public nlohmann::json_sax<Node> {
 public:
     TreeBuilder(const std::string& sourceText, const JsonOutline& textOutline)
-        : text(sourceText), outline(textOutline), available(MEMORY_PER_BYTE * text.size() + FIXED_MEMORY) {
-        charge(heapBlock(outline.itemCounts.size() * sizeof(std::uint32_t)));
-    }
+        : text(sourceText), outline(textOutline) {}
 
     bool null() override { return add(nullptr); }
 
@@ -49,27 +29,23 @@ public:
 
     bool number_float(number_float_t value, const string_t& /*token*/) override { return add(value); }
 
-    bool string(string_t& value) override {
-        charge(heapBlock(sizeof value) + heapBlockOfText(value));
-        return add(std::move(value));
-    }
+    bool string(string_t& value) override { return add(std::move(value)); }
 
     bool binary(binary_t& /*value*/) override { return false; } // no JSON text holds one
 
     bool start_object(std::size_t /*size*/) override {
-        Members& members = open<Members>(Node::value_t::object, 5); // "":0,
+        Members& members = open<Members>(Node::value_t::object);
         containers[depth++] = {nullptr, &members};
         return true;
     }
 
     bool start_array(std::size_t /*size*/) override {
-        Elements& elements = open<Elements>(Node::value_t::array, 2); // 0,
+        Elements& elements = open<Elements>(Node::value_t::array);
         containers[depth++] = {&elements, nullptr};
         return true;
     }
 
     bool key(string_t& name) override {
-        charge(heapBlockOfText(name));
         appendMember(*containers[depth - 1].members, std::move(name));
         return true;
     }
@@ -115,99 +91,23 @@ private:
         return containers[depth - 1].members->back().second = Node(std::forward<Value>(value));
     }
 
-    /// Adds an empty container, whose items take at least `shortestItem` bytes of text each.
+    /// Adds an empty array or object with room for its items.
     template <typename Items>
-    Items& open(Node::value_t kind, std::size_t shortestItem) {
+    Items& open(Node::value_t kind) {
         if (depth == Json::MAXIMUM_DEPTH)
             throw tooDeep(placeInText(text, outline.tooDeepAt));
-        const std::size_t count =
-            containerIndex < outline.itemCounts.size() ? outline.itemCounts[containerIndex++] : 0;
-        const std::size_t capacity = std::min(count, text.size() / shortestItem + 1); // of malformed text
-        charge(heapBlock(sizeof(Items)) + heapBlock(capacity * sizeof(typename Items::value_type)));
         auto& items = addNode(kind).template get_ref<Items&>();
-        items.reserve(capacity);
+        items.reserve(outline.itemCounts[++containerIndex]);
         return items;
     }
 
-    void charge(std::size_t memory) {
-        if (memory > available)
-            throw Json::JsonError("the value takes more than " + std::to_string(MEMORY_PER_BYTE) +
-                                  " times the memory of its text");
-        available -= memory;
-    }
-
-    static void removeDuplicates(Members& members);
-
     const std::string& text;
     const JsonOutline& outline;
-    std::size_t available; // memory
-    std::size_t containerIndex = 1;
+    std::size_t containerIndex = 0; // of the one that began last; 0 is the text as a whole
     JsonTree tree;
     std::array<Container, Json::MAXIMUM_DEPTH> containers{}; // that are open
     std::size_t depth = 0;
 };
-
-bool hasFewMembersAndNoDuplicates(const Node::object_t& members) {
-    constexpr std::size_t few = 16;
-    if (members.size() > few)
-        return false;
-    for (auto member = members.begin(); member != members.end(); ++member)
-        for (auto other = members.begin(); other != member; ++other)
-            if (other->first == member->first)
-                return false;
-    return true;
-}
-
-/// Leaves of the members with the same key the last value, in the place of the first one.
-void TreeBuilder::removeDuplicates(Members& members) {
-    if (hasFewMembersAndNoDuplicates(members))
-        return;
-    struct Entry {
-        std::size_t hash;
-        std::uint32_t index;
-    };
-    // Sorted by hash, then by key, so that hostile keys with the same hash cost no more than their
-    // comparison.
-    std::vector<Entry> entries;
-    entries.reserve(members.size());
-    for (const auto& member : members)
-        entries.push_back(
-            {std::hash<std::string>()(member.first), static_cast<std::uint32_t>(entries.size())});
-    const auto keyOf = [&](const Entry& entry) -> const std::string& {
-        return (members.cbegin() + entry.index)->first;
-    };
-    std::sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
-        if (a.hash != b.hash)
-            return a.hash < b.hash;
-        const int order = keyOf(a).compare(keyOf(b));
-        return order != 0 ? order < 0 : a.index < b.index;
-    });
-    std::vector<bool> isKept(members.size(), true);
-    std::size_t kept = members.size();
-    const Entry* first = nullptr; // of those with the same key
-    for (const Entry& entry : entries) {
-        if (!first || first->hash != entry.hash || keyOf(*first) != keyOf(entry)) {
-            first = &entry;
-            continue;
-        }
-        const auto begin = members.begin();
-        (begin + first->index)->second.swap((begin + entry.index)->second);
-        isKept[entry.index] = false;
-        --kept;
-    }
-    if (kept == members.size())
-        return;
-    Members remaining;
-    remaining.reserve(kept);
-    for (std::size_t i = 0; i < members.size(); ++i) {
-        auto& [key, value] = *(members.begin() + static_cast<std::ptrdiff_t>(i));
-        if (isKept[i])
-            appendMember(remaining, key) = std::move(value);
-        else
-            destroyChildren(value);
-    }
-    members.swap(remaining);
-}
 
 } // namespace
 
@@ -265,6 +165,9 @@ public:
 
 JsonTree parseJson(const std::string& text) {
     const JsonOutline outline(text);
+    if (outline.takesTooMuchMemory)
+        throw Json::JsonError("the value takes more than " + std::to_string(JsonOutline::MEMORY_PER_BYTE) +
+                              " times the memory of its text");
     try {
         Json::Reader reader(text);
         TreeBuilder builder(text, outline);

@@ -1,8 +1,29 @@
 #include "WriteJson.h"
 
+#include "JsonErrors.h"
 #include "norel/Desktop/DataFormat/Json.h"
 
+#include <cmath>
+
 namespace norel::Desktop::DataFormat {
+
+namespace {
+
+/// Throws for the first number that is not finite, or for nesting that is too deep.
+void checkNumbersAndDepth(const Node& value, std::size_t depth = 0) {
+    if (const auto* number = value.get_ptr<const double*>(); number && !std::isfinite(*number))
+        throw notFinite();
+    if (value.is_structured() && depth == Json::MAXIMUM_DEPTH)
+        throw tooDeep();
+    if (const auto* elements = value.get_ptr<const Node::array_t*>())
+        for (const Node& element : *elements)
+            checkNumbersAndDepth(element, depth + 1);
+    if (const auto* members = value.get_ptr<const Node::object_t*>())
+        for (const auto& member : *members)
+            checkNumbersAndDepth(member.second, depth + 1);
+}
+
+} // namespace
 
 class JsonTreeWriter {
 public:
@@ -37,9 +58,14 @@ public:
 };
 
 std::string writeJson(const Node& value, int indent) {
-    Json::Writer writer(indent);
-    JsonTreeWriter::write(writer, value);
-    return writer.takeText();
+    try {
+        Json::Writer writer(indent);
+        JsonTreeWriter::write(writer, value);
+        return writer.takeText();
+    } catch (const Json::JsonError&) {
+        checkNumbersAndDepth(value); // their errors precede that of a string, wherever they stand
+        throw;
+    }
 }
 
 } // namespace norel::Desktop::DataFormat
