@@ -152,8 +152,8 @@ void Json::Reader::read(double& number) {
         number = token.floatingPoint;
     else if (token.kind == Number::Kind::UNSIGNED)
         number = static_cast<double>(token.magnitude);
-    else // the tree holds -0 as an integer, which has no negative zero
-        number = 0.0 - static_cast<double>(token.magnitude);
+    else // through an integer, which has no negative zero: -0 reads as in the tree
+        number = static_cast<double>(static_cast<std::int64_t>(0 - token.magnitude));
 }
 
 void Json::Reader::read(std::string& text) { text = readString(); }
