@@ -130,6 +130,18 @@ TEST(JsonMemory, ShortageIsAnExceptionAndNeverAnotherResult) {
     }
 }
 
+TEST(JsonMemory, OfCopiesIsShared) {
+    Json json = Json::fromString("[" + TEXT + "]");
+    json = *json.begin();
+    json.getValue("a"); // a view that exists no longer
+    const std::size_t before = heap.used;
+    const Json copy = json;
+    const Json member = copy.getValue("a");
+    const Json array = member.getValue("b").getValue("c");
+    const JsonConstIterator position = array.begin();
+    EXPECT_EQ(heap.used, before);
+}
+
 TEST(JsonMemory, OfParsingIsBoundedByTheText) {
     const std::pair<std::string, std::string> units[] = {
         {"[]", ","},          {"{}", ","},      {"0", ","},        {"\"\"", ","},

@@ -207,16 +207,20 @@ TEST_P(JsonSharing, ArraysTakeTheirElementsByValue) {
     EXPECT_EQ(textOf(elements.back()), text);
 }
 
-TEST(JsonThreads, ReadAndChangeCopiesOfOneValue) {
+TEST(JsonThreads, ReadOneValueAndChangeItsCopies) {
     Json parsed = Json::fromString(R"({"profiles":[{"name":"x","n":1},{"name":"y","n":2}]})");
     parsed.getValue("profiles"); // leaves the value marked as viewed
+    const Json& constant = parsed;
     std::vector<Json> copies(4, parsed);
     std::vector<std::string> results(copies.size());
     std::vector<std::thread> threads;
     for (std::size_t i = 0; i < copies.size(); ++i)
-        threads.emplace_back([&json = copies[i], &result = results[i]] {
+        threads.emplace_back([&constant, &json = copies[i], &result = results[i]] {
             for (int round = 0; round < 200; ++round) {
                 result.clear();
+                for (const Json profile : constant.getValue("profiles"))
+                    result += textOf(profile) + (constant.contains("name") ? "!" : "");
+                result += textOf(constant.getValue("profiles"));
                 Json copy = json;
                 copy.getValue("profiles");
                 for (Json profile : std::as_const(json).getValue("profiles")) {
@@ -228,7 +232,8 @@ TEST(JsonThreads, ReadAndChangeCopiesOfOneValue) {
     for (std::thread& thread : threads)
         thread.join();
     for (const std::string& result : results)
-        EXPECT_EQ(result, "x199y199");
+        EXPECT_EQ(result,
+                  R"({"name":"x","n":1}{"name":"y","n":2}[{"name":"x","n":1},{"name":"y","n":2}]x199y199)");
 }
 
 } // namespace
