@@ -1,8 +1,11 @@
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 
+#include "DocumentText.h"
 #include "DocumentTree.h"
 #include "norel/Desktop/DateTime/DateTimeConversion.h"
 
+#include <exception>
+#include <typeinfo>
 
 namespace norel::Desktop::Domain::Payloads {
 namespace {
@@ -14,17 +17,52 @@ using Serializer = JsonProfileListSerializer;
 
 constexpr int INDENTATION = 4;
 
+/// The result of `work`; empty when it fails.
+template <typename Work>
+auto tryTo(const Work& work) -> std::optional<decltype(work())> {
+    try {
+        return work();
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
+}
+
+template <typename AnyJson>
+std::optional<ProfileList> tryToReadText(const std::string& text) {
+    if constexpr (HasTextReader<AnyJson>)
+        return tryTo([&] { return DocumentTextReader<AnyJson>(text).readList(); });
+    else
+        return std::nullopt;
+}
+
+template <typename AnyJson>
+std::optional<std::string> tryToWriteText(const ProfileList& list) {
+    if constexpr (HasTextWriter<AnyJson>)
+        return tryTo([&] { return DocumentTextWriter<AnyJson>(INDENTATION).write(list); });
+    else
+        return std::nullopt;
+}
+
+/// A derived serializer may read and write any part of a document in its own way.
+bool isDerived(const Serializer& serializer) { return typeid(serializer) != typeid(Serializer); }
+
 } // namespace
 
 ProfileListSerializer::~ProfileListSerializer() = default;
 
 std::string Serializer::serialize(const ProfileList& list) const {
+    if (!isDerived(*this))
+        if (auto text = tryToWriteText<Json>(list))
+            return *std::move(text);
     return toJson(list, Options()).toString(INDENTATION);
 }
 
 ProfileList Serializer::deserialize(const std::string& text) const {
     if (text.empty())
         return {};
+    if (!isDerived(*this))
+        if (auto list = tryToReadText<Json>(text))
+            return *std::move(list);
     ProfileList list;
     try {
         fromJson(JsonPath(Json::fromString(text)), list, Options());
