@@ -15,7 +15,8 @@ constexpr std::array<std::string_view, 6> ORIENTATIONS{"a-left", "d-right", "w-f
 
 void checkFields(const Camera::Builder& builder) {
     if (!isOneOf(ORIENTATIONS, builder.orientation))
-        throw std::invalid_argument("Profile Camera: orientation \"" + builder.orientation + "\" is invalid");
+        throw std::invalid_argument("Profile Camera: orientation \"" + shortened(builder.orientation) +
+                                    "\" is invalid");
 }
 
 Camera Camera::Builder::build() const { return buildLastToFirst<Camera>(*this); }

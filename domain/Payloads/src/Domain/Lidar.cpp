@@ -30,7 +30,8 @@ bool isSignedPermutation(const std::string& alignment) {
 
 void checkFields(const Lidar::Builder& builder) {
     if (!isSignedPermutation(builder.alignment))
-        throw std::invalid_argument("Profile Lidar: alignment \"" + builder.alignment + "\" is invalid");
+        throw std::invalid_argument("Profile Lidar: alignment \"" + shortened(builder.alignment) +
+                                    "\" is invalid");
 }
 
 Lidar Lidar::Builder::build() const { return buildLastToFirst<Lidar>(*this); }

@@ -34,12 +34,17 @@ std::string rangeRule(const typename Parameter<T>::Builder& builder) {
 
 template <typename T>
 void checkPresets(const typename Parameter<T>::Builder& builder) {
+    constexpr std::size_t maximumLength = 10000;
     std::string lines;
     for (const auto& [name, preset] : builder.presets) {
         if (isWithinRange<T>(builder, preset))
             continue;
         lines += lines.empty() ? "" : "\nProfile Parameter: ";
-        lines += "presets (key: " + name + " with value: " + convertToGenericString(preset) + ")" +
+        if (lines.size() > maximumLength) {
+            lines += "more presets must be within min/max";
+            break;
+        }
+        lines += "presets (key: " + shortened(name) + " with value: " + convertToGenericString(preset) + ")" +
                  rangeRule<T>(builder);
     }
     if (!lines.empty())
@@ -58,7 +63,7 @@ void checkParameter(const typename Parameter<T>::Builder& builder) {
     if (!isWithinRange<T>(builder, value))
         fail("value (" + convertToGenericString(value) + ")" + rangeRule<T>(builder));
     if (!isOneOf(UNITS, unit))
-        fail("unit \"" + unit + "\" is not supported");
+        fail("unit \"" + shortened(unit) + "\" is not supported");
     if (!isPowerOfTen(precision))
         fail("precision (" + convertToGenericString(precision) + ") is not a power of ten");
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace norel::Desktop::Domain::Payloads {
@@ -29,6 +30,10 @@ void checkFields(const Lidar::Builder& builder);
 /// Every other type has no such rule.
 template <typename Builder>
 void checkFields(const Builder& /*builder*/) {}
+
+/// The text of a document as a message quotes it: what follows its first 500 bytes becomes "...", so that a
+/// message stays short whatever a document holds.
+std::string shortened(const std::string& text);
 
 /// Whether `text` is one of `list`, byte for byte.
 template <std::size_t Size>

@@ -16,15 +16,15 @@ constexpr std::array<std::string_view, 2> STABILIZED_MOUNTS{"none", "synthetize 
 void checkFields(const Imu::Builder& builder) {
     if (!isOneOf(GNSS_STANDARD_DEVIATIONS, builder.gnssStandardDeviation))
         throw std::invalid_argument("Profile Imu: GNSS standard deviation \"" +
-                                    builder.gnssStandardDeviation + "\" is invalid");
+                                    shortened(builder.gnssStandardDeviation) + "\" is invalid");
 }
 
 Imu Imu::Builder::build() const { return buildLastToFirst<Imu>(*this); }
 
 void checkFields(const Trajectory::Builder& builder) {
     if (!isOneOf(STABILIZED_MOUNTS, builder.stabilizedMount))
-        throw std::invalid_argument("Profile Trajectory: stabilized mount \"" + builder.stabilizedMount +
-                                    "\" is invalid");
+        throw std::invalid_argument("Profile Trajectory: stabilized mount \"" +
+                                    shortened(builder.stabilizedMount) + "\" is invalid");
 }
 
 Trajectory Trajectory::Builder::build() const { return buildLastToFirst<Trajectory>(*this); }

@@ -6,44 +6,45 @@ namespace norel::Desktop::Domain::Payloads {
 
 using JsonPath = JsonProfileListSerializer::JsonPath;
 
-JsonPath::JsonPath(const Json& root) : value(root) {}
+JsonPath::JsonPath(const Json& root) : json(root) {}
 
-JsonPath::JsonPath(const JsonPath& other) : value(other.value), path(other.getPath()) {}
+JsonPath::JsonPath(const JsonPath& other) : json(other.json), steps(other.getPath()) {}
 
 JsonPath::JsonPath(const JsonPath& parent, Json value, const std::string& key)
-    : value(std::move(value)), parent(&parent), key(&key) {}
+    : json(std::move(value)), parentPath(&parent), lastKey(&key) {}
 
 JsonPath::JsonPath(const JsonPath& parent, Json value, unsigned int index)
-    : value(std::move(value)), parent(&parent), index(index) {}
+    : json(std::move(value)), parentPath(&parent), lastIndex(index) {}
 
 JsonPath::~JsonPath() = default;
 
 JsonPath JsonPath::makePathToKey(const std::string& key) const {
-    const JsonPath borrowing(*this, getMember(key), key);
-    return JsonPath(borrowing);
+    const JsonPath referring(*this, getMember(key), key);
+    return JsonPath(referring);
 }
 
 JsonPath JsonPath::makePathToIndex(const Json& element, unsigned int index) const {
-    const JsonPath borrowing(*this, element, index);
-    return JsonPath(borrowing);
+    const JsonPath referring(*this, element, index);
+    return JsonPath(referring);
 }
 
-bool JsonPath::contains(const std::string& key) const { return value.contains(key); }
+bool JsonPath::contains(const std::string& key) const { return json.contains(key); }
 
 bool JsonPath::isOptionalSet(const std::string& key) const {
-    return contains(key) && !value.getValue(key).isNull();
+    return contains(key) && !json.getValue(key).isNull();
 }
 
 const JsonProfileListSerializer::Json JsonPath::getMember(const std::string& key) const {
-    return withPath(*this, [&] { return value.getValue(key); });
+    return withPath(*this, [&] { return json.getValue(key); });
 }
 
 const std::vector<std::string>& JsonPath::getPath() const {
-    if (parent && path.empty()) {
-        path = parent->getPath();
-        path.push_back(key ? *key : std::string("[").append(std::to_string(index)).append("]"));
+    if (parentPath && steps.empty()) {
+        std::vector<std::string> path = parentPath->getPath();
+        path.push_back(lastKey ? *lastKey : std::string("[").append(std::to_string(lastIndex)).append("]"));
+        steps = std::move(path);
     }
-    return path;
+    return steps;
 }
 
 std::string JsonPath::getPathString() const {

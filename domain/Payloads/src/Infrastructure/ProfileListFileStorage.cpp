@@ -11,26 +11,26 @@ ProfileListStorage::~ProfileListStorage() = default;
 ProfileListFileStorage::ProfileListFileStorage(
     const std::filesystem::path& path, const std::shared_ptr<Storage::TextFileStorage>& textFileStorage,
     const std::shared_ptr<ProfileListSerializer>& serializer)
-    : path(path), textFileStorage(textFileStorage), serializer(serializer) {
+    : filePath(path), textFiles(textFileStorage), documentSerializer(serializer) {
     if (!std::filesystem::exists(path))
         std::ofstream{path};
 }
 
 void ProfileListFileStorage::remove() {
     try {
-        textFileStorage->remove(path);
+        textFiles->remove(filePath);
     } catch (const std::runtime_error& error) {
         throw CannotRemoveProfileList(error.what());
     }
 }
 
 ProfileList ProfileListFileStorage::read() {
-    return withReadErrors([&] { return serializer->deserialize(textFileStorage->read(path)); });
+    return withReadErrors([&] { return documentSerializer->deserialize(textFiles->read(filePath)); });
 }
 
 void ProfileListFileStorage::write(const ProfileList& list) {
     try {
-        textFileStorage->write(path, serializer->serialize(list));
+        textFiles->write(filePath, documentSerializer->serialize(list));
     } catch (const std::exception& error) {
         throw CannotWriteProfileList(error.what());
     }

@@ -17,7 +17,7 @@ ProfileListHttpStorage::ProfileListHttpStorage(const std::string& baseUrl,
                                                const std::shared_ptr<HttpClient>& httpClient,
                                                const std::string& requestKey,
                                                const std::shared_ptr<ProfileListSerializer>& serializer)
-    : baseUrl(baseUrl), httpClient(httpClient), requestKey(requestKey), serializer(serializer) {}
+    : address(baseUrl), client(httpClient), key(requestKey), documentSerializer(serializer) {}
 
 void ProfileListHttpStorage::remove() {
     Utils::throwUnreachableCodeError(
@@ -26,7 +26,7 @@ void ProfileListHttpStorage::remove() {
 }
 
 ProfileList ProfileListHttpStorage::read() {
-    return withReadErrors([&] { return serializer->deserialize(request().body); });
+    return withReadErrors([&] { return documentSerializer->deserialize(request().body); });
 }
 
 void ProfileListHttpStorage::write(const ProfileList& /*list*/) {
@@ -37,11 +37,12 @@ void ProfileListHttpStorage::write(const ProfileList& /*list*/) {
 
 HttpClient::Response ProfileListHttpStorage::request() const {
     HttpClient::Request::Builder request;
-    request.url = baseUrl + RESOURCE;
-    request.key = requestKey;
+    request.method = {}; // GET
+    request.url = address + RESOURCE;
+    request.key = key;
     HttpClient::Response response = [&] {
         try {
-            return httpClient->send(request.build());
+            return client->send(request.build());
         } catch (const HttpClient::HttpRequestFailed& error) {
             throw CannotCompleteRequest(std::string("Cannot contact profile service; cause is \"") +
                                         error.what() + "\".");

@@ -1,6 +1,7 @@
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 
 #include "DocumentKeys.h"
+#include "Rules.h"
 #include "norel/Desktop/DataFormat/Json.h"
 #include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 #include "norel/Desktop/Utils/StringConverter.h"
@@ -24,7 +25,7 @@ Json findFactoryProfile(const Json& defaults, const std::string& product) {
         if (Utils::StringConverter::toUpperCase(profile.get(Keys::PRODUCT)) == wanted)
             return profile;
     }
-    throw std::invalid_argument("A profile cannot be upgraded because its product, \"" + product +
+    throw std::invalid_argument("A profile cannot be upgraded because its product, \"" + shortened(product) +
                                 "\", is unknown.");
 }
 

@@ -6,15 +6,15 @@ namespace norel::Desktop::Domain::Payloads::UseCase {
 
 AddOrUpdateProfile::AddOrUpdateProfile(const std::shared_ptr<ProfileListStorage>& profileListStorage,
                                        const std::shared_ptr<DateTime::ClockProvider>& clockProvider)
-    : profileListStorage(profileListStorage), clockProvider(clockProvider) {
+    : storage(profileListStorage), clock(clockProvider) {
     checkNotNull(profileListStorage, "profile list storage");
     checkNotNull(clockProvider, "clock provider");
 }
 
 void AddOrUpdateProfile::execute(Profile& profile) {
-    ProfileList list = profileListStorage->read();
+    ProfileList list = storage->read();
     const bool exists = list.existById(profile.getId());
-    const DateTime::DateTime now = clockProvider->now();
+    const DateTime::DateTime now = clock->now();
     profile.setLastModificationTime(now);
     if (exists) {
         list.update(profile);
@@ -22,7 +22,7 @@ void AddOrUpdateProfile::execute(Profile& profile) {
         profile.setCreationTime(now);
         list.add(profile);
     }
-    profileListStorage->write(list);
+    storage->write(list);
 }
 
 } // namespace norel::Desktop::Domain::Payloads::UseCase

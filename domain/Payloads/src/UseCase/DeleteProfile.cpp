@@ -5,16 +5,16 @@
 namespace norel::Desktop::Domain::Payloads::UseCase {
 
 DeleteProfile::DeleteProfile(const std::shared_ptr<ProfileListStorage>& profileListStorage)
-    : profileListStorage(profileListStorage) {
+    : storage(profileListStorage) {
     checkNotNull(profileListStorage, "profile list storage");
 }
 
 void DeleteProfile::execute(unsigned int id) {
-    ProfileList list = profileListStorage->read();
+    ProfileList list = storage->read();
     if (!list.existById(id))
         return;
     list.remove(id);
-    profileListStorage->write(list);
+    storage->write(list);
 }
 
 } // namespace norel::Desktop::Domain::Payloads::UseCase

@@ -6,10 +6,10 @@ namespace norel::Desktop::Domain::Payloads::UseCase {
 
 GetProfileListFromStorage::GetProfileListFromStorage(
     const std::shared_ptr<ProfileListStorage>& profileListStorage)
-    : profileListStorage(profileListStorage) {
+    : storage(profileListStorage) {
     checkNotNull(profileListStorage, "profile list storage");
 }
 
-ProfileList GetProfileListFromStorage::execute() { return profileListStorage->read(); }
+ProfileList GetProfileListFromStorage::execute() { return storage->read(); }
 
 } // namespace norel::Desktop::Domain::Payloads::UseCase

@@ -9,21 +9,21 @@ namespace norel::Desktop::Domain::Payloads::UseCase {
 
 MergeProfileStorages::MergeProfileStorages(const std::shared_ptr<ProfileListStorage>& sourceStorage,
                                            const std::shared_ptr<ProfileListStorage>& destinationStorage)
-    : sourceStorage(sourceStorage), destinationStorage(destinationStorage) {
+    : source(sourceStorage), destination(destinationStorage) {
     checkNotNull(sourceStorage, "profile list source storage");
     checkNotNull(destinationStorage, "profile list destination storage");
 }
 
 void MergeProfileStorages::execute() {
-    const ProfileList source = sourceStorage->read();
-    ProfileList destination = destinationStorage->read();
+    const ProfileList additions = source->read();
+    ProfileList merged = destination->read();
     std::unordered_set<std::string> names;
-    for (const Profile& profile : destination)
+    for (const Profile& profile : merged)
         names.insert(profile.getName());
-    for (Profile profile : source)
+    for (Profile profile : additions)
         if (names.insert(profile.getName()).second)
-            destination.add(profile);
-    destinationStorage->write(destination);
+            merged.add(profile);
+    destination->write(merged);
 }
 
 } // namespace norel::Desktop::Domain::Payloads::UseCase

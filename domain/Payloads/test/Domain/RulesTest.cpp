@@ -171,6 +171,22 @@ TEST(Lidar, IsAlignedBySignedPermutationsOfTheAxes) {
     }
 }
 
+TEST(Messages, StayShortWhateverATextOfADocumentHolds) {
+    Parameter<double>::Builder parameter;
+    parameter.unit = std::string(499, 'm') + "\xC3\xA4 and more";
+    expectRefused(parameter, "Profile Parameter: unit \"" + std::string(499, 'm') + "...\" is not supported");
+    parameter.maximum = 0;
+    for (int i = 0; i < 10000; ++i)
+        parameter.presets[std::to_string(i)] = 1;
+    EXPECT_THAT([&] { parameter.build(); },
+                ThrowsMessage<std::invalid_argument>(testing::AllOf(
+                    testing::EndsWith("\nProfile Parameter: more presets must be within min/max"),
+                    testing::SizeIs(testing::Lt(11000U)))));
+    Lidar::Builder lidar;
+    lidar.alignment = std::string(60000, 'x');
+    expectRefused(lidar, "Profile Lidar: alignment \"" + std::string(500, 'x') + "...\" is invalid");
+}
+
 TEST(Profile, HasANameAndAProduct) {
     Profile::Builder builder = makeProfile(Profile::ID_IS_UNASSIGNED, "");
     builder.product = "";

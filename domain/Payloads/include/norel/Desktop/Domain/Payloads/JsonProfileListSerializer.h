@@ -13,10 +13,10 @@ namespace norel::Desktop::Domain::Payloads {
 /// Profile lists as JSON documents: an array of profile objects, indented by four spaces. An empty text is an
 /// empty list. Unknown members of a document are ignored.
 ///
-/// Every type of the model has a pair of virtual operations. `toJson` returns a value's JSON; `fromJson` fills
-/// a builder from the JSON at a path, throws ParsingError that ends in " at " and the path, and checks no rule
-/// of the model. They call one another virtually, so a derived serializer that overrides the operations of a
-/// type changes that type wherever it occurs.
+/// Every type of the model has a pair of virtual operations. `toJson` returns a value's JSON; `fromJson`
+/// fills a builder from the JSON at a path, throws ParsingError that ends in " at " and the path, and checks
+/// no rule of the model. They call one another virtually, so a derived serializer that overrides the
+/// operations of a type changes that type wherever it occurs.
 ///
 /// Stateless: several threads may share one.
 class NOREL_PAYLOADS_EXPORT JsonProfileListSerializer : public ProfileListSerializer {
@@ -34,13 +34,13 @@ public:
 
         constexpr Options() = default;
         /// `flags` are combined by bitwise or.
-        constexpr Options(unsigned int flags) : flags(flags) {}
+        constexpr Options(unsigned int flags) : bits(flags) {}
 
         /// Whether any of `someFlags` is set.
-        constexpr bool hasAny(unsigned int someFlags) const { return (flags & someFlags) != 0; }
+        constexpr bool hasAny(unsigned int someFlags) const { return (bits & someFlags) != 0; }
 
     private:
-        unsigned int flags = 0;
+        unsigned int bits = 0;
     };
 
     std::string serialize(const ProfileList& list) const override;
@@ -175,7 +175,7 @@ public:
     JsonPath& operator=(const JsonPath&) = delete;
     ~JsonPath();
 
-    const Json& getValue() const { return value; }
+    const Json& getValue() const { return json; }
 
     /// The path to a member. Throws ParsingError with this path when there is none.
     JsonPath makePathToKey(const std::string& key) const;
@@ -197,18 +197,18 @@ public:
 private:
     friend class DocumentReader;
 
-    // A path made by the library's own readers refers to its parent and its key, since the steps of most paths
-    // are never needed. A copy, and so every path returned to a caller, has its own steps.
+    // A path made by the library's own readers refers to its parent and its key, since the steps of most
+    // paths are never needed. A copy, and so every path returned to a caller, has its own steps.
     JsonPath(const JsonPath& parent, Json value, const std::string& key);
     JsonPath(const JsonPath& parent, Json value, unsigned int index);
     const Json
     getMember(const std::string& key) const; // NOLINT(readability-const-return-type): as Json::getValue
 
-    Json value;
-    mutable std::vector<std::string> path; // of a borrowing path once it was asked for
-    const JsonPath* parent = nullptr;
-    const std::string* key = nullptr;
-    unsigned int index = 0;
+    Json json;
+    mutable std::vector<std::string> steps; // of a path with a parent, once they are asked for
+    const JsonPath* parentPath = nullptr;
+    const std::string* lastKey = nullptr;
+    unsigned int lastIndex = 0;
 };
 
 } // namespace norel::Desktop::Domain::Payloads

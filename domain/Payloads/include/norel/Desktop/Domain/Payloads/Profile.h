@@ -14,8 +14,8 @@ namespace norel::Desktop::Domain::Payloads {
 
 /// A payload profile: the identity of one product configuration and its sensor setup.
 ///
-/// Immutable once built, except for the id and the two times, which lists and use cases set: several threads may
-/// read one profile at once as long as none sets them.
+/// Immutable once built, except for the id and the two times, which lists and use cases set: several threads
+/// may read one profile at once as long as none sets them.
 class NOREL_PAYLOADS_EXPORT Profile {
 public:
     struct Builder;

@@ -25,9 +25,9 @@ public:
     void write(const ProfileList& list) override;
 
 private:
-    std::filesystem::path path;
-    std::shared_ptr<Storage::TextFileStorage> textFileStorage;
-    std::shared_ptr<ProfileListSerializer> serializer;
+    std::filesystem::path filePath;
+    std::shared_ptr<Storage::TextFileStorage> textFiles;
+    std::shared_ptr<ProfileListSerializer> documentSerializer;
 };
 
 } // namespace norel::Desktop::Domain::Payloads

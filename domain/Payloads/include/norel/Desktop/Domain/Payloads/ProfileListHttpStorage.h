@@ -37,10 +37,10 @@ public:
 private:
     Networking::Http::HttpClient::Response request() const;
 
-    std::string baseUrl;
-    std::shared_ptr<Networking::Http::HttpClient> httpClient;
-    std::string requestKey;
-    std::shared_ptr<ProfileListSerializer> serializer;
+    std::string address;
+    std::shared_ptr<Networking::Http::HttpClient> client;
+    std::string key;
+    std::shared_ptr<ProfileListSerializer> documentSerializer;
 };
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -24,8 +24,8 @@ public:
     /// Throws the host's error for a value that its format cannot represent, such as text that is not UTF-8.
     virtual std::string serialize(const ProfileList& list) const = 0;
 
-    /// Throws ParsingError for a text that is not a document, and the exceptions of the Builders for a profile
-    /// that breaks a rule. The first failure ends the read; no partial list is returned.
+    /// Throws ParsingError for a text that is not a document, and the exceptions of the Builders for a
+    /// profile that breaks a rule. The first failure ends the read; no partial list is returned.
     virtual ProfileList deserialize(const std::string& text) const = 0;
 };
 

@@ -7,8 +7,8 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Keeps a whole profile list. A storage caches nothing between calls: every read fetches the current document,
-/// every write replaces all of it. Each error has the message of its cause unchanged.
+/// Keeps a whole profile list. A storage caches nothing between calls: every read fetches the current
+/// document, every write replaces all of it. Each error has the message of its cause unchanged.
 ///
 /// Threads: a storage has no lock of its own; the application must serialize access to a document.
 class NOREL_PAYLOADS_EXPORT ProfileListStorage {

@@ -7,10 +7,17 @@
 #include <memory>
 #include <string>
 
+#ifdef __GNUC__
+#    pragma GCC diagnostic push
+#    pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#endif
+
 namespace norel::Desktop::Domain::Payloads {
 
 /// Brings a stored profile-list document forward, one document version at a time: the sections that the next
 /// version added or retuned are taken from the factory profile of the same product. Stateless.
+///
+/// It has no virtual destructor: do not delete a derived object through a pointer to this class.
 class NOREL_PAYLOADS_EXPORT ProfileUpgrade {
 public:
     /// Replaces, in every profile of the file that has a lidar (a null one counts as absent), the sections
@@ -29,3 +36,7 @@ public:
 };
 
 } // namespace norel::Desktop::Domain::Payloads
+
+#ifdef __GNUC__
+#    pragma GCC diagnostic pop
+#endif

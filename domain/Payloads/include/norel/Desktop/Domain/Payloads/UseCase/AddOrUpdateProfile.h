@@ -16,14 +16,14 @@ public:
     AddOrUpdateProfile(const std::shared_ptr<ProfileListStorage>& profileListStorage,
                        const std::shared_ptr<DateTime::ClockProvider>& clockProvider);
 
-    /// Sets the times of the caller's profile to the current time (both when it is added, the modification time
-    /// when it is updated), assigns an id to it when it is added (ProfileList::add), and stores it. Throws what the storage and the clock
-    /// throw; after a failed read the caller's profile is as it was.
+    /// Sets the times of the caller's profile to the current time (both when it is added, the modification
+    /// time when it is updated), assigns an id to it when it is added (ProfileList::add), and stores it.
+    /// Throws what the storage and the clock throw; after a failed read the caller's profile is as it was.
     void execute(Profile& profile);
 
 private:
-    std::shared_ptr<ProfileListStorage> profileListStorage;
-    std::shared_ptr<DateTime::ClockProvider> clockProvider;
+    std::shared_ptr<ProfileListStorage> storage;
+    std::shared_ptr<DateTime::ClockProvider> clock;
 };
 
 } // namespace norel::Desktop::Domain::Payloads::UseCase

@@ -17,7 +17,7 @@ public:
     ProfileList execute();
 
 private:
-    std::shared_ptr<ProfileListStorage> profileListStorage;
+    std::shared_ptr<ProfileListStorage> storage;
 };
 
 } // namespace norel::Desktop::Domain::Payloads::UseCase

@@ -15,14 +15,14 @@ public:
     MergeProfileStorages(const std::shared_ptr<ProfileListStorage>& sourceStorage,
                          const std::shared_ptr<ProfileListStorage>& destinationStorage);
 
-    /// Names are compared byte for byte; of several source profiles with one name the first is copied. Profiles
-    /// of the destination are not changed; a copied profile keeps its times, and its id where that is free.
-    /// The destination is written even when nothing is added. Throws what the storages throw.
+    /// Names are compared byte for byte; of several source profiles with one name the first is copied.
+    /// Profiles of the destination are not changed; a copied profile keeps its times, and its id where that
+    /// is free. The destination is written even when nothing is added. Throws what the storages throw.
     void execute();
 
 private:
-    std::shared_ptr<ProfileListStorage> sourceStorage;
-    std::shared_ptr<ProfileListStorage> destinationStorage;
+    std::shared_ptr<ProfileListStorage> source;
+    std::shared_ptr<ProfileListStorage> destination;
 };
 
 } // namespace norel::Desktop::Domain::Payloads::UseCase
