@@ -1,5 +1,7 @@
 #include "norel/Desktop/DateTime/DateTimeConversion.h"
 
+#include "text/PrintableText.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <string_view>
@@ -12,6 +14,7 @@ using namespace std::chrono;
 constexpr sys_seconds FIRST = sys_days(year(0) / January / 1);
 constexpr sys_seconds LAST = sys_days(year(10000) / January / 1) - seconds(1);
 constexpr std::size_t FRACTION_DIGITS = 9; // of nanoseconds
+constexpr std::size_t MAXIMUM_SHOWN_BYTES = 64;
 
 /// Takes an ISO 8601 text apart from front to back; `failed` once a piece is not there.
 class Scanner {
@@ -60,14 +63,6 @@ private:
     std::string_view rest;
     bool failed = false;
 };
-
-/// The beginning of a text for a message, "?" in the place of each byte that is not printable ASCII.
-std::string quoted(const std::string& text) {
-    std::string shown = text.substr(0, 64);
-    std::replace_if(
-        shown.begin(), shown.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
-    return "\"" + shown + "\"";
-}
 
 } // namespace
 
@@ -123,8 +118,8 @@ DateTime DateTimeConversion::fromIso8601(const std::string& text) {
     const sys_seconds instant =
         scanner.isDone() && date.ok() ? sys_days(date) + hour + minute + second - offset : sys_seconds::max();
     if (instant < FIRST || instant > LAST)
-        throw InvalidArgumentError(quoted(text) +
-                                   " is not an ISO 8601 date-time such as 2021-10-05T21:18:26+00:00");
+        throw InvalidArgumentError('"' + Text::printableText(text, MAXIMUM_SHOWN_BYTES) +
+                                   "\" is not an ISO 8601 date-time such as 2021-10-05T21:18:26+00:00");
     return DateTime(instant, fraction);
 }
 

@@ -1,6 +1,6 @@
 #include "Address.h"
 
-#include "PrintableText.h"
+#include "text/PrintableText.h"
 
 #include <curl/curl.h>
 
@@ -45,7 +45,7 @@ Address::Address(const std::string& text) {
     url = get(parts.get(), CURLUPART_URL);
     for (const CURLUPart secret : {CURLUPART_QUERY, CURLUPART_FRAGMENT})
         curl_url_set(parts.get(), secret, nullptr, 0);
-    name = printableText(get(parts.get(), CURLUPART_URL), MAXIMUM_NAME_BYTES);
+    name = Text::printableText(get(parts.get(), CURLUPART_URL), MAXIMUM_NAME_BYTES);
 }
 
 bool Address::isSameOriginAs(const Address& other) const {

@@ -1,7 +1,7 @@
 #include "norel/Desktop/Networking/Http/CurlHttpClient.h"
 
 #include "Address.h"
-#include "PrintableText.h"
+#include "text/PrintableText.h"
 
 #include <curl/curl.h>
 
@@ -164,7 +164,7 @@ std::string reasonOf(CURLcode code, CURL* connection, const Reception& reception
     const long systemError = getInfo(connection, CURLINFO_OS_ERRNO, 0L);
     if (code == CURLE_COULDNT_CONNECT && systemError != 0)
         return "cannot connect: " + std::generic_category().message(static_cast<int>(systemError));
-    return *detail != '\0' ? printableText(detail, MAXIMUM_REASON_BYTES) : curl_easy_strerror(code);
+    return *detail != '\0' ? Text::printableText(detail, MAXIMUM_REASON_BYTES) : curl_easy_strerror(code);
 }
 
 /// One request and its answer, redirects not followed.

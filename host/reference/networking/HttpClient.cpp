@@ -1,6 +1,6 @@
 #include "norel/Desktop/Networking/Http/HttpClient.h"
 
-#include "PrintableText.h"
+#include "text/PrintableText.h"
 
 #include <utility>
 
@@ -24,7 +24,7 @@ std::string Utils::ConvertToGenericString::convertToGenericString(
     std::string status = "HTTP status " + std::to_string(response.statusCode);
     if (response.body.empty())
         return status;
-    return status + ", body \"" + Networking::printableText(response.body, maximumBytes) + "\"";
+    return status + ", body \"" + Text::printableText(response.body, maximumBytes) + "\"";
 }
 
 } // namespace norel::Desktop
