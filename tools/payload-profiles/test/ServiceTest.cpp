@@ -96,7 +96,7 @@ TEST_F(ServiceTest, WritesNothingWhenTheServiceFails) {
                                 "refused\".";
     const std::array<std::string, 3> cases[] = {
         {address("/"), address("/"), unsuccessful + "401."},
-        {address("/gone"), address("/gone"), unsuccessful + "404, body \"no \\x1b[31msuch page\"."},
+        {address("/gone"), address("/gone"), unsuccessful + "404, body \"no \\u001b[31msuch page\"."},
         {address("/bad/"), address("/bad/"),
          "[json.exception.parse_error.101] parse error at line 1, column 2: syntax error while parsing value "
          "- "
