@@ -1,15 +1,11 @@
 #include "Address.h"
 
-#include "text/PrintableText.h"
-
 #include <curl/curl.h>
 
 #include <memory>
 
 namespace norel::Desktop::Networking::Http {
 namespace {
-
-constexpr std::size_t MAXIMUM_NAME_BYTES = 300;
 
 struct Cleanup {
     void operator()(CURLU* url) const { curl_url_cleanup(url); }
@@ -45,7 +41,9 @@ Address::Address(const std::string& text) {
     url = get(parts.get(), CURLUPART_URL);
     for (const CURLUPart secret : {CURLUPART_QUERY, CURLUPART_FRAGMENT})
         curl_url_set(parts.get(), secret, nullptr, 0);
-    name = Text::printableText(get(parts.get(), CURLUPART_URL), MAXIMUM_NAME_BYTES);
+    displayUrl = get(parts.get(), CURLUPART_URL);
+    if (displayUrl.find('@') != std::string::npos)
+        displayUrl = "an address with \"@\" in its path";
 }
 
 bool Address::isSameOriginAs(const Address& other) const {

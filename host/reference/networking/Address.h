@@ -10,20 +10,23 @@ struct RequestError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// An absolute address, taken apart.
+/// An absolute address and its parts.
 struct Address {
-    /// Throws RequestError for a text that is no absolute address; any scheme is taken.
+    /// Throws RequestError for a text that is no absolute address. Any scheme is accepted.
     explicit Address(const std::string& text);
 
     bool isSameOriginAs(const Address& other) const;
 
     std::string scheme; ///< in lower case
     std::string host;
-    std::string port; ///< the scheme's when the text names none
+    std::string port; ///< the default of the scheme when the text names none
     std::string user; ///< decoded, as is the password
     std::string password;
-    std::string url;  ///< without user and password
-    std::string name; ///< for messages: the url without query and fragment, printable and bounded
+    std::string url; ///< without user and password
+
+    /// For messages, foreign text: the url without query and fragment. With a "@" left in it, which may
+    /// follow a mistyped user part, it is a description instead.
+    std::string displayUrl;
 };
 
 } // namespace norel::Desktop::Networking::Http

@@ -8,9 +8,7 @@ namespace norel::Desktop {
 
 namespace Networking::Http {
 
-HttpClient::HttpRequestFailed::HttpRequestFailed(std::string message) : message(std::move(message)) {}
-
-HttpClient::HttpRequestFailed::~HttpRequestFailed() = default;
+HttpClient::HttpRequestFailed::HttpRequestFailed(std::string text) : message(std::move(text)) {}
 
 const char* HttpClient::HttpRequestFailed::what() const noexcept { return message.c_str(); }
 

@@ -35,10 +35,7 @@ public:
 
     /// No response could be obtained: what() names the address and the reason.
     struct NOREL_NETWORKING_EXPORT HttpRequestFailed : std::exception {
-        explicit HttpRequestFailed(std::string message);
-        HttpRequestFailed(const HttpRequestFailed&) = default;
-        HttpRequestFailed& operator=(const HttpRequestFailed&) = default;
-        ~HttpRequestFailed() override;
+        explicit HttpRequestFailed(std::string text);
 
         const char* what() const noexcept override;
 
