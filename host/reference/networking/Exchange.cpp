@@ -88,6 +88,8 @@ std::string reasonOf(CURLcode code, CURL* connection, const char* detail, const 
         return timeoutReason(connection, context);
     if (code == CURLE_PARTIAL_FILE || code == CURLE_GOT_NOTHING)
         return CUT_OFF;
+    if (code == CURLE_OUT_OF_MEMORY) // libcurl's only answer to a header line of more than 100 KB
+        return "a header line of the answer is too long, or memory is short";
     const long systemError = getInfo(connection, CURLINFO_OS_ERRNO, 0L);
     if (code == CURLE_COULDNT_CONNECT && systemError != 0)
         return "cannot connect: " + std::generic_category().message(static_cast<int>(systemError));

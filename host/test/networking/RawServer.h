@@ -14,12 +14,17 @@
 
 namespace norel::Desktop::Test {
 
-/// A peer on a free port of the loopback address that need not keep to HTTP: it answers whatever begins each
-/// connection with the given pieces, pauses after each, and closes.
+/// A server on a free port of the loopback address that need not keep to HTTP: it answers the first bytes of
+/// each connection with the given pieces, pauses after each, and closes. An endless answer repeats its last
+/// piece until the client closes.
 class RawServer {
 public:
-    explicit RawServer(std::vector<std::string> pieces, std::chrono::milliseconds pause = {})
-        : pieces(std::move(pieces)), pause(pause), listener(::socket(AF_INET, SOCK_STREAM, 0)) {
+    explicit RawServer(std::vector<std::string> answer, std::chrono::milliseconds pauseAfterEach = {},
+                       bool isAnswerEndless = false)
+        : pieces(std::move(answer)),
+          pause(pauseAfterEach),
+          isEndless(isAnswerEndless),
+          listener(::socket(AF_INET, SOCK_STREAM, 0)) {
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -59,17 +64,22 @@ private:
             char request[4096];
             const ssize_t size = ::recv(peer, request, sizeof request, 0);
             received.append(request, size > 0 ? static_cast<std::size_t>(size) : 0);
-            for (const std::string& piece : pieces) {
-                if (isStopping || ::send(peer, piece.data(), piece.size(), MSG_NOSIGNAL) < 0)
-                    break;
+            std::size_t next = 0;
+            while (next < pieces.size() && !isStopping && send(peer, pieces[next])) {
                 std::this_thread::sleep_for(pause);
+                next += isEndless && next + 1 == pieces.size() ? 0 : 1;
             }
             ::close(peer);
         }
     }
 
+    static bool send(int peer, const std::string& piece) {
+        return ::send(peer, piece.data(), piece.size(), MSG_NOSIGNAL) >= 0;
+    }
+
     std::vector<std::string> pieces;
     std::chrono::milliseconds pause;
+    bool isEndless;
     int listener;
     int port = 0;
     std::atomic<bool> isStopping = false;
