@@ -98,13 +98,10 @@ void Reception::receiveHeaderLine(std::string_view line) {
     requireAtMost(++headerLines, MAXIMUM_HEADER_LINES, "lines", "the header of the answer");
     headerBytes += line.size();
     requireAtMost(headerBytes, MAXIMUM_HEADER_BYTES, "bytes", "the header of the answer");
-    if (line.starts_with("HTTP/")) {
+    if (line.starts_with("HTTP/"))
         isHeaderComplete = false;
-        contentEncodings.clear();
-        transferEncodings.clear();
-    } else if (line == "\r\n" || line == "\n") {
+    else if (line == "\r\n" || line == "\n")
         isHeaderComplete = true;
-    }
     const std::size_t colon = std::min(line.find(':'), line.size());
     const std::string name = toLowerCase(trimmed(line.substr(0, colon)));
     const std::string_view value = trimmed(line.substr(std::min(colon + 1, line.size())));

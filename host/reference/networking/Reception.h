@@ -29,7 +29,7 @@ struct Reception {
     std::size_t headerLines = 0; ///< of all headers and trailers of the exchange, as are the bytes
     std::size_t headerBytes = 0;
     std::uint64_t receivedBytes = 0; ///< on the wire, headers included
-    std::string contentEncodings;    ///< of the last header, as are the transfer encodings
+    std::string contentEncodings; ///< of all headers: libcurl, too, adds them up over informational answers
     std::string transferEncodings;
 };
 
