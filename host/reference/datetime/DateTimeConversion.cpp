@@ -16,7 +16,7 @@ constexpr sys_seconds LAST = sys_days(year(10000) / January / 1) - seconds(1);
 constexpr std::size_t FRACTION_DIGITS = 9; // of nanoseconds
 constexpr std::size_t MAXIMUM_SHOWN_BYTES = 64;
 
-/// Takes an ISO 8601 text apart from front to back; `failed` once a piece is not there.
+/// Reads an ISO 8601 text from front to back; `failed` is set by the first piece that does not match.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) : rest(text) {}
@@ -30,7 +30,7 @@ public:
 
     void expect(char expected) { failed |= !take(expected); }
 
-    /// A number of exactly that many digits, at most `maximum`.
+    /// Reads a number of exactly that many digits, at most `maximum`.
     int number(std::size_t digits, int maximum) {
         int value = 0;
         const std::string_view taken = takeDigits();
@@ -40,7 +40,7 @@ public:
         return value;
     }
 
-    /// One digit or more, read as a fraction.
+    /// Reads one or more digits as a decimal fraction of a second.
     nanoseconds fraction() {
         const std::string_view taken = takeDigits();
         failed |= taken.empty();
@@ -65,8 +65,6 @@ private:
 };
 
 } // namespace
-
-DateTimeConversion::InvalidArgumentError::~InvalidArgumentError() = default;
 
 std::string DateTimeConversion::toIso8601(const DateTime& dateTime) {
     const sys_seconds instant = dateTime.getSeconds();

@@ -11,9 +11,6 @@ std::string withLocation(const std::string& message, const SourceCodeLocation& l
 
 } // namespace
 
-AssertionFailure::~AssertionFailure() = default;
-UnreachableCodeError::~UnreachableCodeError() = default;
-
 void throwAssertionFailure(const char* message, const char* condition, const SourceCodeLocation& location) {
     throw AssertionFailure(withLocation(std::string(message) + ": " + condition, location));
 }

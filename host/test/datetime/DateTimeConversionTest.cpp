@@ -36,8 +36,8 @@ TEST(DateTimeConversion, ReadsAndWritesInstants) {
     }
 }
 
-TEST(DateTimeConversion, RefusesWhatIsNoDateTime) {
-    const char* const refused[] = {
+TEST(DateTimeConversion, RejectsWhatIsNotADateTime) {
+    const char* const rejected[] = {
         "2021-10-05T21:18:26",       "2021-10-05 21:18:26+00:00", "2021-10-05t21:18:26z",
         " 2021-10-05T21:18:26Z",     "2021-10-05T21:18:26Z ",     "2021-10-05T21:18:26+00:00Z",
         "2021-10-05T21:18:26+0000",  "2021-10-05T21:18:26+00",    "2021-10-05T21:18:26+24:00",
@@ -48,13 +48,13 @@ TEST(DateTimeConversion, RefusesWhatIsNoDateTime) {
         "2021-10-00T21:18:26Z",      "2021-04-31T21:18:26Z",      "2021-02-29T21:18:26Z",
         "1900-02-29T21:18:26Z",      "0000-01-01T00:00:00+00:01", "9999-12-31T23:59:59-00:01"};
     std::vector<std::pair<std::string, std::string>> cases = {
-        // with the beginning that the message shows
+        // the text, and what the message shows of it
         {"", ""},
         {"2021-10-05", "2021-10-05"},
         {std::string("2021-10-05T21:18:26Z\0", 21), R"(2021-10-05T21:18:26Z\u0000)"},
         {"\x1B[2Jé\x7F", R"(\u001b[2Jé\u007f)"},
         {std::string(1000, '9'), std::string(64, '9') + "..."}};
-    for (const char* text : refused) // the last two are outside the years in UTC
+    for (const char* text : rejected) // the last two are outside 0 to 9999 in UTC
         cases.emplace_back(text, text);
     for (const auto& [text, shown] : cases)
         EXPECT_THAT([&text = text] { Conversion::fromIso8601(text); },

@@ -4,9 +4,9 @@
 
 namespace norel::Desktop::Test {
 
-/// A clock that always shows the same time and counts how often it was asked.
+/// A clock that always shows the same time and counts the calls.
 struct FixedClockProvider : DateTime::ClockProvider {
-    explicit FixedClockProvider(DateTime::DateTime time) : time(time) {}
+    explicit FixedClockProvider(DateTime::DateTime fixedTime) : time(fixedTime) {}
 
     DateTime::DateTime now() override {
         ++calls;

@@ -10,8 +10,8 @@
 
 namespace norel::Desktop::Test {
 
-/// Files in memory, with the number of calls of each operation. What `fail...` throws, the operation throws
-/// before it changes anything.
+/// Files in memory, with the number of calls of read and write. Each operation first calls its `fail...`
+/// function, whose exception leaves the files unchanged.
 struct InMemoryTextFileStorage : Storage::TextFileStorage {
     std::string read(const std::filesystem::path& path) override {
         ++reads;

@@ -7,7 +7,7 @@
 
 namespace norel::Desktop::Test {
 
-/// A client that answers with what `answer` gives or throws, and keeps the requests it was sent.
+/// A client that returns what `answer` returns, throws what it throws, and records the requests.
 struct ScriptedHttpClient : Networking::Http::HttpClient {
     Response send(const Request& request) override {
         requests.push_back(request);

@@ -20,7 +20,7 @@ struct GroupingLocale : std::numpunct<char> {
 
 TEST(ConvertToGenericString, GivesTheShortestTextInEveryLocale) {
     using ConvertToGenericString::convertToGenericString;
-    const std::locale former = std::locale::global(std::locale(std::locale::classic(), new GroupingLocale));
+    const std::locale previous = std::locale::global(std::locale(std::locale::classic(), new GroupingLocale));
     const std::pair<double, const char*> cases[] = {
         {0.5, "0.5"},
         {1e-05, "1e-05"},
@@ -32,7 +32,7 @@ TEST(ConvertToGenericString, GivesTheShortestTextInEveryLocale) {
         EXPECT_EQ(convertToGenericString(number), text);
     EXPECT_EQ(convertToGenericString(std::numeric_limits<int>::min()), "-2147483648");
     EXPECT_EQ(convertToGenericString(std::numeric_limits<unsigned int>::max()), "4294967295");
-    std::locale::global(former);
+    std::locale::global(previous);
 }
 
 TEST(StringFunctions, SplitKeepsEmptyPieces) {
@@ -48,11 +48,11 @@ TEST(StringFunctions, SplitKeepsEmptyPieces) {
         EXPECT_EQ(StringFunctions::split(text, delimiter), pieces) << text;
 }
 
-TEST(StringConverter, RaisesLettersOfAsciiOnly) {
+TEST(StringConverter, ConvertsAsciiLettersOnly) {
     EXPECT_EQ(StringConverter::toUpperCase("azAZ {`09é\xFF"), "AZAZ {`09é\xFF");
 }
 
-TEST(Errors, NameMessageAndPlace) {
+TEST(Errors, ContainMessageAndLocation) {
     EXPECT_THAT(
         [] {
             throwAssertionFailure("pieces do not fit", "size == 2", {"Size.cpp", 42});

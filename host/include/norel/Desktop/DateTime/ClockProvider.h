@@ -5,8 +5,8 @@
 
 namespace norel::Desktop::DateTime {
 
-/// Where the library takes the current time from; implemented by the application. The library asks it from
-/// the thread that calls the library.
+/// The source of the current time; implemented by the application. The library calls it in the thread in
+/// which the library itself is called.
 class NOREL_DATETIME_EXPORT ClockProvider {
 public:
     virtual ~ClockProvider();

@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// The text of a value for messages, the same in every locale. Any thread may call these functions.
+/// Conversion of values to text for messages, independent of the locale. The functions are thread-safe.
 namespace norel::Desktop::Utils::ConvertToGenericString {
 
 /// The shortest decimal text that reads back to the same number: "0.5", "1e-05", "360".

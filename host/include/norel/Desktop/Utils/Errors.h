@@ -7,31 +7,21 @@
 
 namespace norel::Desktop::Utils {
 
-/// An internal invariant does not hold.
-class NOREL_UTILS_EXPORT AssertionFailure : public std::logic_error {
-public:
+/// An internal invariant is violated.
+struct NOREL_UTILS_EXPORT AssertionFailure : std::logic_error {
     using std::logic_error::logic_error;
-    AssertionFailure(const AssertionFailure&) = default;
-    AssertionFailure& operator=(const AssertionFailure&) = default;
-    ~AssertionFailure() override;
 };
 
-/// An operation was called that the object refuses.
-class NOREL_UTILS_EXPORT UnreachableCodeError : public std::logic_error {
-public:
+/// An operation was called that the object does not support.
+struct NOREL_UTILS_EXPORT UnreachableCodeError : std::logic_error {
     using std::logic_error::logic_error;
-    UnreachableCodeError(const UnreachableCodeError&) = default;
-    UnreachableCodeError& operator=(const UnreachableCodeError&) = default;
-    ~UnreachableCodeError() override;
 };
 
-/// Throws AssertionFailure with the text "MESSAGE: CONDITION [FILE:LINE]".
-/// Any thread may call it.
+/// Throws AssertionFailure with the text "MESSAGE: CONDITION [FILE:LINE]". Thread-safe.
 [[noreturn]] NOREL_UTILS_EXPORT void throwAssertionFailure(const char* message, const char* condition,
                                                            const SourceCodeLocation& location);
 
-/// Throws UnreachableCodeError with the text "MESSAGE [FILE:LINE]".
-/// Any thread may call it.
+/// Throws UnreachableCodeError with the text "MESSAGE [FILE:LINE]". Thread-safe.
 [[noreturn]] NOREL_UTILS_EXPORT void throwUnreachableCodeError(const char* message,
                                                                const SourceCodeLocation& location);
 

@@ -4,10 +4,10 @@
 
 namespace norel::Desktop::Utils {
 
-/// Where in the source code an error was found; a small value made at the call site.
+/// A place in the source code, built where an error is raised.
 struct SourceCodeLocation {
-    const char* fileName; ///< name of the source file, a literal
-    std::uint32_t line;   ///< line number, counted from 1
+    const char* fileName; ///< the source file; a string literal, as it is not copied
+    std::uint32_t line;   ///< the line number, from 1
 };
 
 } // namespace norel::Desktop::Utils

@@ -7,8 +7,8 @@
 namespace norel::Desktop::Utils {
 
 struct StringConverter {
-    /// `text` with the letters a to z in upper case; every other byte, and so every character outside
-    /// ASCII, stays as it is, whatever the locale. Any thread may call it.
+    /// `text` with the letters a to z in upper case. All other bytes, and so all characters outside ASCII,
+    /// are unchanged, whatever the locale. Thread-safe.
     NOREL_UTILS_EXPORT static std::string toUpperCase(const std::string& text);
 };
 

@@ -8,23 +8,23 @@
 
 namespace norel::Desktop::Networking::Http {
 
-/// Sends HTTP requests; implemented by the application. Whether several threads may share one client is the
-/// implementation's to say.
+/// Sends HTTP requests; implemented by the application. The implementation defines whether threads may share
+/// a client.
 class NOREL_NETWORKING_EXPORT HttpClient {
 public:
     enum class Method : std::uint32_t { Get = 0 };
 
-    /// One request; made by its Builder.
+    /// One request, built by its Builder.
     struct Request {
         struct Builder;
 
         Method method;
         std::string url;  ///< the absolute address
-        std::string body; ///< the content sent, none when empty
+        std::string body; ///< the content to send; none when empty
         std::string key;  ///< when not empty, sent as a bearer token
     };
 
-    /// The service's answer, whatever its status.
+    /// The answer of the service, with any status.
     struct Response {
         std::uint32_t statusCode = 0; ///< the HTTP status, such as 200 or 404
         std::string body;
@@ -33,7 +33,7 @@ public:
         bool isSuccess() const { return statusCode >= 200 && statusCode < 300; }
     };
 
-    /// No response could be obtained: what() names the address and the reason.
+    /// No response could be obtained; what() contains the address and the reason.
     struct NOREL_NETWORKING_EXPORT HttpRequestFailed : std::exception {
         explicit HttpRequestFailed(std::string text);
 
@@ -45,7 +45,7 @@ public:
 
     virtual ~HttpClient();
 
-    /// Sends the request and waits for the answer. Throws HttpRequestFailed when there is none.
+    /// Sends the request and waits for the response. Throws HttpRequestFailed when there is none.
     virtual Response send(const Request& request) = 0;
 
 protected:
@@ -67,7 +67,8 @@ struct HttpClient::Request::Builder {
 
 namespace norel::Desktop::Utils::ConvertToGenericString {
 
-/// A response for messages: its status and, when there is any, a bounded and printable beginning of its body.
+/// Describes a response for messages: its status and up to 200 bytes of its body, printable. A secret that
+/// the body contains is not recognized; the client must mask it. Thread-safe.
 NOREL_NETWORKING_EXPORT std::string
 convertToGenericString(const Networking::Http::HttpClient::Response& response);
 

@@ -4,7 +4,7 @@
 
 namespace norel::Desktop::DateTime {
 
-/// The system's clock, to the whole second. Several threads may share one.
+/// The system clock, rounded down to a second. Thread-safe.
 class NOREL_DATETIME_EXPORT SystemClockProvider : public ClockProvider {
 public:
     DateTime now() override;

@@ -10,61 +10,66 @@
 
 namespace norel::Desktop::Networking::Http {
 
-/// HTTP and HTTPS over libcurl. Several threads may share one client: each request takes a connection of its
-/// own, and an answered request leaves it open for later ones.
+/// HTTP/1.1 and HTTPS over libcurl. Thread-safe: each request uses a connection of its own, which stays open
+/// for later requests once it is answered.
 ///
-/// The key travels as a bearer token, a user part ("user:password@") of the address by the Basic scheme where
-/// there is no key; both only to the scheme, host and port of the request's address. Once a redirect has led
-/// elsewhere neither is sent again, and a user part in a redirect is ignored. The key may hold visible ASCII
-/// characters only.
+/// The key is sent as a bearer token. Without a key, the user part ("user:password@") of the address is sent
+/// by the Basic scheme. Both are sent only to the scheme, host and port of the address; after a redirect to
+/// another one they are not sent again. A user part in a redirect is ignored. The key may contain only
+/// visible ASCII characters.
 ///
-/// Up to five redirects are followed, to HTTP and HTTPS only and never from HTTPS to HTTP. TLS is 1.2 or
-/// later; the certificate must be trusted and name the host. Compressed bodies are accepted and returned
-/// decoded. Libcurl itself bounds the length of the answer's header.
+/// Up to five redirects are followed, only to HTTP and HTTPS and never from HTTPS to HTTP. TLS is 1.2 or
+/// later; the certificate must be trusted and name the host.
 ///
-/// HTTPS goes through the proxy that the environment names (https_proxy, all_proxy, no_proxy), which sees no
-/// more than host and port. Plain HTTP never takes a proxy: it would see the key.
+/// HTTPS uses the proxy that the environment names (https_proxy, all_proxy, no_proxy), which sees no more
+/// than host and port. Plain HTTP never uses a proxy, as it would see the key.
 ///
-/// An answer of any status is a response; so is a redirect that does not say where. All else is
-/// HttpRequestFailed: no connection, an untrusted certificate, a time-out, a cut-off or overlong answer, a
-/// refused redirect, a method other than Get, a Get with a body, a key with other characters. Its text names
-/// the address without user part, query and fragment; the key is in no text. An answer that tells no length
-/// ends where its connection does: that it was cut off cannot be seen.
+/// Every part of an answer is bounded: headers, trailers and informational answers (1xx) together have at
+/// most 1000 lines and 256 KiB, the body is bounded by maximumBodyBytes, and all that is received by twice as
+/// much and 1 MiB. The body may be encoded once, by gzip or deflate; it is returned decoded.
+///
+/// An answer of any status is a response; so is a redirect without a location. Anything else throws
+/// HttpRequestFailed: no connection, an untrusted certificate, a timeout, an incomplete answer, an answer
+/// beyond the bounds, a refused redirect, a method other than Get, a Get with a body, an invalid key. An
+/// answer without a length ends with its connection, so it is not detected when that is cut off.
+///
+/// The message of HttpRequestFailed contains the address without user part, query and fragment. In messages
+/// and in the body of an unsuccessful response, "***" replaces the key and the password where the server
+/// repeats them. The body of a successful response is not changed.
 class NOREL_NETWORKING_EXPORT CurlHttpClient : public HttpClient {
 public:
     struct Options {
-        /// For one connection, look-up of the host and TLS included; 1 ms to 2^31 - 1 ms.
+        /// For one connection, including name resolution and TLS; 1 ms to 2^31 - 1 ms.
         std::chrono::milliseconds connectTimeout = std::chrono::seconds(10);
 
-        /// For the whole request with its redirects; 1 ms to 2^31 - 1 ms.
+        /// For the whole request, including redirects; 1 ms to 2^31 - 1 ms.
         std::chrono::milliseconds totalTimeout = std::chrono::minutes(5);
 
-        /// A request is given up that receives less than so many bytes of body a second (1 to 2^31 - 1),
-        /// before compression is undone, for so long (1 s to 2^31 - 1 s); waiting for the answer to begin
-        /// counts.
+        /// A request fails that receives fewer bytes of the encoded body per second (1 to 2^31 - 1) for this
+        /// long (1 s to 2^31 - 1 s). Waiting for the answer to begin counts.
         std::uint32_t lowSpeedBytesPerSecond = 100;
         std::chrono::seconds lowSpeedDuration = std::chrono::seconds(30);
 
-        /// The longest body accepted, counted while it is received and after compression is undone.
+        /// The longest body accepted, in bytes after decoding. A longer one ends the request while it is
+        /// received.
         std::uint64_t maximumBodyBytes = std::uint64_t(64) * 1024 * 1024;
 
-        /// A PEM file of certificates to trust, none when empty. It takes the place of libcurl's own
-        /// certificate file; libcurl's certificate folder, where it has one (/etc/ssl/certs), is trusted as
-        /// well.
+        /// A PEM file of trusted certificates that replaces libcurl's default file; empty for the default.
+        /// Libcurl's default certificate folder, where it has one (/etc/ssl/certs), stays trusted.
         std::filesystem::path certificateFile;
 
-        /// Called about once a second or more often while a request is under way, in the thread of send(),
-        /// with the bytes of body received so far from the present address. What it throws ends the request
-        /// and leaves send() unchanged. A client shared by threads calls it in each of them.
+        /// Called at least about once a second during a request, in the thread of send(), with the length of
+        /// the body received so far from the current address. An exception from it ends the request and is
+        /// passed on by send(). When threads share the client, they call it concurrently.
         std::function<void(std::uint64_t receivedBytes)> progress;
     };
 
-    /// With the default options. Throws as the other constructor.
+    /// Uses the default options. Throws std::runtime_error when libcurl cannot start.
     CurlHttpClient();
 
     /// Throws std::invalid_argument for an option out of its range, std::runtime_error when libcurl cannot
     /// start.
-    explicit CurlHttpClient(Options options);
+    explicit CurlHttpClient(Options newOptions);
 
     CurlHttpClient(const CurlHttpClient&) = delete;
     CurlHttpClient& operator=(const CurlHttpClient&) = delete;
