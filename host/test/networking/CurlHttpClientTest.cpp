@@ -10,6 +10,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <set>
 #include <tuple>
 
@@ -104,6 +105,15 @@ std::string bodyOrFailure(HttpClient& client, const HttpClient::Request& request
 
 std::string bodyOrFailure(HttpClient& client, const std::string& url) {
     return bodyOrFailure(client, get(url));
+}
+
+/// The outcome of a request to a RawServer; "HOST" replaces its host and port.
+std::string outcomeOf(HttpClient& client, const std::vector<std::string>& answer, bool isEndless = false,
+                      const std::string& userPart = {}, const std::string& key = {}) {
+    const RawServer server(answer, 0ms, isEndless);
+    const std::string outcome =
+        bodyOrFailure(client, get("http://" + userPart + server.authority() + "/", key));
+    return std::regex_replace(outcome, std::regex("127.0.0.1:[0-9]+"), "HOST");
 }
 
 /// The default options with one changed.
@@ -225,15 +235,6 @@ TEST_F(CurlHttpClientTest, RejectsInvalidRequestsWithoutShowingSecrets) {
 TEST_F(CurlHttpClientTest, MasksTheKeyAndThePasswordThatAServerRepeats) {
     CurlHttpClient client;
     const std::string key = "Kq7/vR-2\"mZ&9w";
-    const auto answer = [&](const std::string& text, const std::string& userPart, const std::string& secret) {
-        const RawServer server({text});
-        const HttpClient::Request request = get("http://" + userPart + server.authority() + "/", secret);
-        std::string outcome = bodyOrFailure(client, request);
-        const std::string address = server.authority();
-        for (auto at = outcome.find(address); at != std::string::npos; at = outcome.find(address))
-            outcome.replace(at, address.size(), "HOST");
-        return outcome;
-    };
     const std::string x285(285, 'x');
     const std::string refused = "HTTP/1.1 401 No\r\n\r\n";
     const std::string moved = "HTTP/1.1 302 Found\r\nLocation: ";
@@ -255,7 +256,7 @@ TEST_F(CurlHttpClientTest, MasksTheKeyAndThePasswordThatAServerRepeats) {
                   "scheme"},
     };
     for (const auto& [text, userPart, secret, outcome] : cases)
-        EXPECT_EQ(answer(text, userPart, secret), outcome);
+        EXPECT_EQ(outcomeOf(client, {text}, false, userPart, secret), outcome);
 }
 
 TEST_F(CurlHttpClientTest, VerifiesTheCertificateAndTheHostName) {
@@ -319,17 +320,11 @@ TEST_F(CurlHttpClientTest, ReportsWhatAMisbehavingPeerDoes) {
         {ok + "Transfer-Encoding: gzip, chunked\r\n\r\n", encoded("gzip, chunked")},
     };
     CurlHttpClient client(with(&Options::maximumBodyBytes, 10));
-    for (const auto& [answer, reason] : cases) {
-        const RawServer server({answer});
-        EXPECT_EQ(bodyOrFailure(client, "http://" + server.authority() + "/"),
-                  "FAILED: cannot get http://" + server.authority() + "/: " + reason)
-            << answer;
-    }
+    for (const auto& [answer, reason] : cases)
+        EXPECT_EQ(outcomeOf(client, {answer}), "FAILED: cannot get http://HOST/: " + reason) << answer;
     for (const std::string& answer :
-         {length + "10\r\n\r\n1234567890", chunked + "6\r\n123456\r\n4\r\n7890\r\n0\r\n\r\n"}) {
-        const RawServer exact({answer});
-        EXPECT_EQ(bodyOrFailure(client, "http://" + exact.authority()), "1234567890");
-    }
+         {length + "10\r\n\r\n1234567890", chunked + "6\r\n123456\r\n4\r\n7890\r\n0\r\n\r\n"})
+        EXPECT_EQ(outcomeOf(client, {answer}), "1234567890");
     const Service service;
     CurlHttpClient longer(with(&Options::maximumBodyBytes, 99'999));
     EXPECT_EQ(bodyOrFailure(longer, service.url("/long")),
@@ -359,10 +354,9 @@ TEST_F(CurlHttpClientTest, StopsAnEndlessAnswerAtOnce) {
     };
     CurlHttpClient client(with(&Options::maximumBodyBytes, 10));
     for (const auto& [beginning, endlessly, reason] : cases) {
-        const RawServer server({beginning, endlessly}, 0ms, true);
         const auto start = std::chrono::steady_clock::now();
-        EXPECT_EQ(bodyOrFailure(client, "http://" + server.authority() + "/"),
-                  "FAILED: cannot get http://" + server.authority() + "/: " + reason);
+        EXPECT_EQ(outcomeOf(client, {beginning, endlessly}, true),
+                  "FAILED: cannot get http://HOST/: " + reason);
         EXPECT_LT(std::chrono::steady_clock::now() - start, 2s) << reason;
     }
 }
@@ -448,7 +442,7 @@ TEST_F(CurlHttpClientTest, RejectsOptionsOutOfRange) {
     const std::pair<std::string, Options> cases[] = {
         {"connectTimeout", with(&Options::connectTimeout, 0ms)},
         {"totalTimeout", with(&Options::totalTimeout, std::chrono::milliseconds::max())},
-        {"lowSpeedBytesPerSecond", with(&Options::lowSpeedBytesPerSecond, 0)},
+        {"lowSpeedBytesPerSecond", with(&Options::lowSpeedBytesPerSecond, 0U)},
         {"lowSpeedDuration", with(&Options::lowSpeedDuration, -1s)},
     };
     for (const auto& [name, options] : cases)
