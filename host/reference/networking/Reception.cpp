@@ -11,8 +11,8 @@ namespace norel::Desktop::Networking::Http {
 namespace {
 
 constexpr std::size_t MAXIMUM_HEADER_LINES = 1000;
-constexpr std::size_t MAXIMUM_HEADER_BYTES = 256 * 1024;
-constexpr std::uint64_t MAXIMUM_OVERHEAD_BYTES = 1024 * 1024;
+constexpr std::size_t MAXIMUM_HEADER_BYTES = std::size_t(256) * 1024;
+constexpr std::uint64_t MAXIMUM_OVERHEAD_BYTES = std::uint64_t(1024) * 1024;
 constexpr std::size_t MAXIMUM_SHOWN_ENCODING_BYTES = 60;
 constexpr char ACCEPTED_ENCODINGS[] = "gzip, deflate";
 
