@@ -198,6 +198,7 @@ TEST_F(CurlHttpClientTest, SendsCredentialsOnlyToTheOriginOfTheAddress) {
         {"http://" + service.redirect("https://" + secure.authority() + "/authorization"), "secret", ""},
         {"http://" + service.redirect(named), "secret", ""},
         {"http://" + service.redirect("http://" + other.redirect(sameOrigin)), "secret", ""},
+        {"http://" + service.redirect("http://" + other.redirect("/authorization")), "secret", ""},
         {"https://" + secure.redirect("/authorization"), "secret", "Bearer secret"},
     };
     for (const auto& [url, key, authorization] : cases)
