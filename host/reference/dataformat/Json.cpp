@@ -17,7 +17,7 @@ struct Json::Tree {
     explicit Tree(JsonTree&& newContents) noexcept : contents(std::move(newContents)) {}
 
     JsonTree contents;
-    // A shared_ptr's count could not tell safely that other threads have finished with the tree.
+    // Not a shared_ptr: its count does not synchronize with other threads that have released the tree.
     std::atomic<std::size_t> holders{1};
     std::size_t views = 0; // among the holders
 };
@@ -117,7 +117,7 @@ struct Json::Internals {
         return const_cast<Node&>(read(json)); // no part of a tree is a constant
     }
 
-    /// The value, moved where nobody else holds it.
+    /// The value: moved when no other object holds it, copied otherwise.
     static JsonTree take(Json& json) {
         return !isViewed(json) && isOnlyHolder(json) ? std::move(json.tree->contents) : copyTree(read(json));
     }

@@ -26,7 +26,7 @@ inline std::string placeInText(const std::string& text, std::size_t offset) {
     return " at line " + std::to_string(line) + ", column " + std::to_string(before.size() - lineStart + 1);
 }
 
-/// The JSON library's error text, cut when a hostile document made it long.
+/// The JSON library's error text, truncated because it may quote a hostile document.
 inline std::string boundedErrorText(std::string text) {
     constexpr std::size_t maximumLength = 500;
     if (text.size() > maximumLength) {
@@ -39,7 +39,7 @@ inline std::string boundedErrorText(std::string text) {
     return text;
 }
 
-/// Runs `operation`; an exception of the JSON library leaves as one of ours with its text.
+/// Runs `operation`, translating the exceptions of the JSON library into ours, which keep the text.
 template <typename Operation>
 decltype(auto) translateErrors(const Operation& operation) {
     try {

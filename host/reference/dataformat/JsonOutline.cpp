@@ -17,7 +17,7 @@ constexpr std::size_t CONTAINER = sizeof(Node::object_t) + 8;
 constexpr std::size_t STRING = sizeof(std::string) + BLOCK_OVERHEAD;
 constexpr std::size_t LONGEST_INNER_STRING = 15; // which std::string holds without the heap
 
-/// Left to small texts, so that these nest as they like.
+/// Allowed in addition, so that small texts are never refused.
 constexpr std::size_t FIXED_MEMORY = std::size_t{60} * 1024;
 
 /// The closing quote of a string, or the end of the text.

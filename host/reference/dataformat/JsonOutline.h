@@ -7,9 +7,9 @@
 
 namespace norel::Desktop::DataFormat {
 
-/// What a first pass over a JSON text finds out: the sizes of its arrays and objects, so that the tree is
-/// built without growing them, and whether it keeps the limits of Json::fromString. The pass takes any text;
-/// of malformed text the result says nothing certain, but no more memory than the text is given.
+/// The result of a first pass over a JSON text: the sizes of its arrays and objects, so that the tree is
+/// built without reallocation, and whether it exceeds the limits of Json::fromString. For malformed text the
+/// result is valid up to the error, and the sizes still respect the limit on memory.
 struct JsonOutline {
     static constexpr std::size_t MEMORY_PER_BYTE = 24;
 

@@ -22,7 +22,7 @@ Number convertToFloatingPoint(const char* first, const char* last) {
         const auto [end, error] = std::from_chars(first, last, number);
         if (end != last || error != std::errc())
             refuse();
-    } else { // which some standard libraries do not have
+    } else { // not every standard library converts to floating-point numbers
         refuse();
     }
     return number;
@@ -88,7 +88,7 @@ inline void Json::Reader::open(char opening) {
     isFirst = true;
 }
 
-/// Moves before the next member or element. False at the end of the object or array, which is left.
+/// Moves to the next member or element. False at the end of the object or array, which is left.
 inline bool Json::Reader::nextItem(char closing) {
     const char next = peek();
     if (next == closing) {
@@ -223,7 +223,7 @@ std::string_view Json::Reader::readString() {
     }
 }
 
-/// Appends the character that stands behind a backslash.
+/// Appends the character that an escape stands for; the backslash was read.
 void Json::Reader::readEscape() {
     constexpr std::string_view escapes = "\"\\/bfnrt";
     constexpr std::string_view characters = "\"\\/\b\f\n\r\t";

@@ -24,8 +24,8 @@ decltype(auto) withChildren(Node& container, const Use& use) {
     return use(container.get_ref<Members&>());
 }
 
-/// Removes the last child until that is one with children, which is returned. Null when only the first child
-/// is left.
+/// Removes children from the back, up to one that has children itself, and returns that. Null when only the
+/// first child is left.
 template <typename Children>
 Node removeFromBack(Children& children) {
     while (children.size() > 1) {
@@ -43,7 +43,7 @@ void growMembers(Members& members) {
     grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
     for (const auto& member : members)
         grown.Members::Container::emplace_back(member.first, nullptr);
-    for (std::size_t i = 0; i < members.size(); ++i) // which cannot fail
+    for (std::size_t i = 0; i < members.size(); ++i) // cannot throw
         (grown.begin() + static_cast<std::ptrdiff_t>(i))->second =
             std::move((members.begin() + static_cast<std::ptrdiff_t>(i))->second);
     members.swap(grown);

@@ -12,8 +12,8 @@ using Node = nlohmann::ordered_json;
 /// Whether this is an array or object that is not empty.
 bool hasChildren(const Node& value);
 
-/// Makes the value null. Takes neither memory nor stack, however deep the value is, where its own destructor
-/// first gathers the children on the heap, which ends the program when there is no memory left.
+/// Makes the value null. Uses neither heap nor recursion, however deep the value is. (Its own destructor
+/// first gathers the children on the heap, which terminates the program when memory is short.)
 void destroyChildren(Node& value) noexcept;
 
 /// Owns a value. Every value that may have children is destroyed by one of these.
@@ -38,8 +38,7 @@ JsonTree copyTree(const Node& value);
 /// when they grow.)
 Node& appendMember(Node::object_t& members, std::string key);
 
-/// Of the members with the same key keeps one: the last value, at the position of the first. Takes linear
-/// time, but for sorting.
+/// Duplicate keys: keeps the last value, at the position of the first. Takes the time of sorting.
 void removeDuplicates(Node::object_t& members);
 
 } // namespace norel::Desktop::DataFormat

@@ -45,7 +45,7 @@ void appendQuoted(std::string& text, std::string_view string) {
         }
         const char* const character = next;
         next = skipMultibyteCharacter(next, end);
-        if (!next) // the JSON library words the error
+        if (!next) // throws the library's error
             translateErrors([&] { return nlohmann::json(string).dump(); });
         text.append(character, next);
     }

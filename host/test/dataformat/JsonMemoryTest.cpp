@@ -10,18 +10,18 @@
 
 namespace {
 
-/// What every allocation of this program is subject to.
+/// Controls and counts every allocation of this program.
 struct Heap {
     static constexpr std::size_t UNLIMITED = std::numeric_limits<std::size_t>::max();
 
     std::size_t allocationsUntilFailure = UNLIMITED;
     bool isShortageLasting = false;
-    std::size_t used = 0; // as common allocators round what was asked for
+    std::size_t used = 0; // with the overhead of common allocators
     std::size_t peak = 0;
 };
 Heap heap;
 
-constexpr std::size_t HEADER = alignof(std::max_align_t); // holds what the block counts for
+constexpr std::size_t HEADER = alignof(std::max_align_t); // holds the counted size of the block
 
 } // namespace
 
@@ -63,7 +63,7 @@ const std::string LONG = "a text that is too long to be held without memory";
 const std::string TEXT =
     R"({"a":{"b":{"c":[1,[2.5e0,{"d":")" + LONG + R"("}],{}]}},")" + LONG + R"(":[[["x"]]],"a2":-7})";
 
-/// What the operation gives: its result, or the message of its JsonError.
+/// The result of the operation, or the message of its JsonError.
 std::string resultOf(const std::function<std::string()>& operation) {
     try {
         return operation();
@@ -133,7 +133,7 @@ TEST(JsonMemory, ShortageIsAnExceptionAndNeverAnotherResult) {
 TEST(JsonMemory, OfCopiesIsShared) {
     Json json = Json::fromString("[" + TEXT + "]");
     json = *json.begin();
-    json.getValue("a"); // a view that exists no longer
+    json.getValue("a"); // a view that no longer exists
     const std::size_t before = heap.used;
     const Json copy = json;
     const Json member = copy.getValue("a");

@@ -12,10 +12,10 @@ using testing::ThrowsMessage;
 
 std::string textOf(const Json& json) { return json.toString(-1); }
 
-/// How a Json holds its value: which code serves it, and nothing that anybody should notice.
+/// The ways in which a Json can hold its value. They must be indistinguishable.
 struct Form {
     const char* name;
-    Json (*make)(Json value, std::vector<Json>& kept); // what must live as long goes to `kept`
+    Json (*make)(Json value, std::vector<Json>& kept); // `kept` holds what must stay alive
 };
 
 void PrintTo(const Form& form, std::ostream* out) { *out << form.name; }
@@ -71,7 +71,7 @@ TEST_P(JsonSharing, WritesThroughViewsOfViews) {
     EXPECT_EQ(textOf(moved), R"({"c":1,"d":2,"f":4,"g":{"h":5}})");
 }
 
-TEST_P(JsonSharing, NoCopySeesAnothersChange) {
+TEST_P(JsonSharing, ChangesDoNotAffectCopies) {
     Json copy = json;
     const Json value = std::as_const(json).getValue("a");
     Json a = json.getValue("a");
@@ -123,7 +123,7 @@ TEST_P(JsonSharing, MayBeSetIntoItself) {
     EXPECT_EQ(textOf(json), R"({"a":0,"list":1,"self":{"a":0,"list":1,"self":{"a":0,"list":1}}})");
 }
 
-TEST_P(JsonSharing, ViewOfAMemberThatIsGoneRaises) {
+TEST_P(JsonSharing, ViewOfARemovedMemberThrows) {
     Json a = json.getValue("a");
     Json b = a.getValue("b");
     json.set("a", 7);
@@ -164,7 +164,7 @@ TEST_P(JsonSharing, IterationSurvivesChanges) {
     EXPECT_EQ(textOf(json), text);
 }
 
-TEST_P(JsonSharing, PositionsStayInTheirArray) {
+TEST_P(JsonSharing, IteratorsKeepTheirArray) {
     const Json list = json.getValue("list");
     JsonConstIterator position = list.begin();
     const JsonConstIterator first = position;
@@ -178,7 +178,7 @@ TEST_P(JsonSharing, PositionsStayInTheirArray) {
     EXPECT_EQ((*position).as<int>(), 1);
 }
 
-TEST_P(JsonSharing, KeepsItsViewsUntilItIsAssigned) {
+TEST_P(JsonSharing, ViewsFollowMovesButNotAssignments) {
     Json a = json.getValue("a");
     Json& same = json;
     json = same;
@@ -196,7 +196,7 @@ TEST_P(JsonSharing, KeepsItsViewsUntilItIsAssigned) {
     EXPECT_EQ(textOf(a), R"({"b":1})");
 }
 
-TEST_P(JsonSharing, ArraysTakeTheirElementsByValue) {
+TEST_P(JsonSharing, ArraysCopyTheirElements) {
     Json a = json.getValue("a");
     const std::vector<Json> elements{json, a, json};
     Json copied(elements);
@@ -209,7 +209,7 @@ TEST_P(JsonSharing, ArraysTakeTheirElementsByValue) {
 
 TEST(JsonThreads, ReadOneValueAndChangeItsCopies) {
     Json parsed = Json::fromString(R"({"profiles":[{"name":"x","n":1},{"name":"y","n":2}]})");
-    parsed.getValue("profiles"); // leaves the value marked as viewed
+    parsed.getValue("profiles"); // a view that no longer exists
     const Json& constant = parsed;
     std::vector<Json> copies(4, parsed);
     std::vector<std::string> results(copies.size());

@@ -24,7 +24,7 @@ TEST(JsonText, LastOfDuplicateKeysWins) {
               R"({"a":{"x":2},"b":4,"c":3})");
 }
 
-TEST(JsonText, RefusesWhatIsNotOneWholeValue) {
+TEST(JsonText, RefusesTextsThatAreNotOneValue) {
     const std::string value = "syntax error while parsing value - ";
     const std::pair<std::string, std::string> cases[] = {
         {"", PARSING + "1, column 1: " + value + "unexpected end of input; expected '[', '{', or a literal"},
@@ -72,7 +72,7 @@ TEST(JsonText, BoundsDepthMemoryAndErrors) {
         EXPECT_THAT([&text = text] { Json::fromString(text); }, ThrowsMessage<Json::JsonError>(message));
 }
 
-TEST(JsonText, IsNotWrittenWhereItWouldNotBeReadBack) {
+TEST(JsonText, RefusesToWriteWhatCannotBeReadBack) {
     Json key;
     key.set("\xC3", 1);
     const Json deepest = Json::fromString(nested(100, "[", "]"));

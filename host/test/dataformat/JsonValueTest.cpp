@@ -13,7 +13,7 @@ using Strings = std::vector<std::string>;
 template <typename Number>
 using Members = std::map<std::string, Number>;
 
-TEST(JsonValue, IsMadeOfEachKind) {
+TEST(JsonValue, IsConstructedFromEachKind) {
     const std::pair<Json, const char*> cases[] = {
         {Json(), "null"},
         {Json(-2147483647 - 1), "-2147483648"},
@@ -85,7 +85,7 @@ void expectRefusals(const std::string& required, const std::set<std::string>& ac
     }
 }
 
-TEST(JsonValue, RefusesOtherKindsInTheLibrarysWords) {
+TEST(JsonValue, RefusesOtherKindsWithTheLibrarysMessages) {
     expectRefusals<int>("number", {"number", "boolean"});
     expectRefusals<unsigned int>("number", {"number", "boolean"});
     expectRefusals<double>("number", {"number"});
@@ -97,7 +97,7 @@ TEST(JsonValue, RefusesOtherKindsInTheLibrarysWords) {
     expectRefusals<Strings>("array", {"array"});
 }
 
-TEST(JsonValue, NamesWhatIsWrong) {
+TEST(JsonValue, ErrorsNameTheProblem) {
     const Json object = Json::fromString(R"({"a":1,"s":"x","t":true,"list":["x",2]})");
     Json changeable = object;
     Json number(1);
@@ -137,7 +137,7 @@ TEST(JsonValue, NamesWhatIsWrong) {
     EXPECT_EQ(changeable.toString(-1), object.toString(-1));
 }
 
-TEST(JsonValue, TellsWhatItHolds) {
+TEST(JsonValue, ReportsItsContents) {
     const Json json = Json::fromString(R"({"":null,"a":{"b":1}})");
     EXPECT_TRUE(json.contains(""));
     EXPECT_TRUE(json.getValue("").isNull());
@@ -149,7 +149,7 @@ TEST(JsonValue, TellsWhatItHolds) {
 TEST(JsonValue, KeepsMembersInTheOrderTheyWereSet) {
     Json json;
     std::string expected;
-    for (char key = 'z'; key >= 'a'; --key) { // past every growth
+    for (char key = 'z'; key >= 'a'; --key) { // enough to reallocate several times
         json.set(std::string(1, key), Json(Strings{"x"}));
         expected += std::string(",\"") + key + "\":" + (key == 'k' ? "0" : R"(["x"])");
     }

@@ -71,10 +71,10 @@ public:
     Json& operator=(Json&& other) noexcept;
     ~Json();
 
-    /// Parses a whole JSON text in linear time. Throws JsonError when the text is not exactly one JSON value,
-    /// nests deeper than MAXIMUM_DEPTH or would take more than 24 times its own memory (texts of some
-    /// kilobytes may), which only masses of nearly empty nested arrays do. Duplicate keys: the last value
-    /// wins, at the position of the first.
+    /// Parses a whole JSON text. Throws JsonError when the text is not exactly one JSON value, nests deeper
+    /// than MAXIMUM_DEPTH, or needs more than 24 times the memory of the text plus 60 KB, as large texts of
+    /// nested arrays with hardly any contents do. Duplicate keys: the last value wins, at the position of the
+    /// first.
     static Json fromString(const std::string& text);
 
     /// The JSON text. Each element or member has a line of its own, with `indent` spaces (at most 512) per

@@ -23,8 +23,8 @@ namespace norel::Desktop::DataFormat {
 /// values. A Reader also refuses rare texts which fromString accepts: a byte order mark, an integer of more
 /// than 19 digits, a number too small for a double. It leaves duplicate keys to the caller.
 ///
-/// Every failure throws JsonError with one fixed text; Json::fromString explains the same failure. The reader
-/// is of no use afterwards. Threads: one object must not be used by several threads at once.
+/// Every failure throws JsonError with one fixed text; Json::fromString gives the details. The reader must
+/// not be used afterwards. Threads: one object must not be used by several threads at once.
 class NOREL_DATAFORMAT_EXPORT Json::Reader {
 public:
     /// The text must outlive the reader.
@@ -33,13 +33,13 @@ public:
     Reader(const Reader&) = delete;
     Reader& operator=(const Reader&) = delete;
 
-    /// Enters the object that is the next value. Throws also when it nests deeper than MAXIMUM_DEPTH.
+    /// Enters the object that comes next. Throws also when it nests deeper than MAXIMUM_DEPTH.
     void beginObject();
     /// Moves to the value of the next member; its key stays valid until the next call on this reader. False
     /// at the end of the object, which is left.
     bool nextMember(std::string_view& key);
 
-    /// Enters the array that is the next value. Throws also when it nests deeper than MAXIMUM_DEPTH.
+    /// Enters the array that comes next. Throws also when it nests deeper than MAXIMUM_DEPTH.
     void beginArray();
     /// Moves to the next element. False at the end of the array, which is left.
     bool nextElement();
@@ -55,7 +55,7 @@ public:
     void read(double& number);
     void read(std::string& text);
 
-    /// Reads over a value of any kind, checked as strictly as the others.
+    /// Skips a value of any kind, checked as strictly as if it were read.
     void skip();
 
     /// Throws unless only white space follows.

@@ -16,8 +16,8 @@ namespace norel::Desktop::DataFormat {
 /// The caller writes exactly one value: a scalar, or an array or object with all that it holds. In an object
 /// a key precedes each value. The order of calls and duplicate keys are not checked.
 ///
-/// Throws JsonError for what Json::toString refuses. The writer is of no use afterwards. Threads: one object
-/// must not be used by several threads at once.
+/// Throws JsonError for what Json::toString refuses; the writer must not be used afterwards. Threads: one
+/// object must not be used by several threads at once.
 class NOREL_DATAFORMAT_EXPORT Json::Writer {
 public:
     /// A key that is prepared once to be written often.
