@@ -147,12 +147,14 @@ struct ShortSerializer : Serializer {
     using Serializer::fromJson;
     using Serializer::toJson;
 
-    Json toJson(const Vector3& /*value*/, Options /*options*/) const override { return Json("vector"); }
+    Json toJson(const Vector3& /*value*/, Options /*options*/) const override {
+        return Json(std::string("vector"));
+    }
     void fromJson(const JsonPath& path, Vector3::Builder& builder, Options /*options*/) const override {
         builder.x.value = path.getValue().getAsString() == "vector" ? 42 : 0;
     }
     Json toJson(const GroundClassification::Segmentation& /*value*/, Options /*options*/) const override {
-        return Json("segmentation");
+        return Json(std::string("segmentation"));
     }
     void fromJson(const JsonPath& path, GroundClassification::Segmentation::Builder& builder,
                   Options /*options*/) const override {
