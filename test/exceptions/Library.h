@@ -1,0 +1,18 @@
+#pragma once
+
+#include "norel/Desktop/Test/LibraryExport.h"
+
+#include <functional>
+#include <string>
+
+/// A library other than the one that owns the exceptions.
+namespace norel::Desktop::Test {
+
+/// Throws the exception of that kind: 0 for ParsingError, 1 for InvalidProfile, 2 for InvalidContent.
+NOREL_EXCEPTIONS_TEST_EXPORT void throwAcrossLibraries(int kind);
+
+/// The name of the kind of exception that `operation` throws, as its type information here holds it; nullptr
+/// for any other.
+NOREL_EXCEPTIONS_TEST_EXPORT const char* catchAcrossLibraries(const std::function<void()>& operation);
+
+} // namespace norel::Desktop::Test
