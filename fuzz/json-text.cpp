@@ -1,0 +1,53 @@
+#include "Fuzzing.h"
+#include "norel/Desktop/DataFormat/Json.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <optional>
+
+using norel::Desktop::DataFormat::Json;
+using norel::Fuzzing::require;
+using Tree = nlohmann::ordered_json;
+
+namespace {
+
+std::size_t depthOf(const Tree& tree) {
+    std::size_t depth = 0;
+    for (const Tree& element : tree.is_structured() ? tree : Tree())
+        depth = std::max(depth, depthOf(element));
+    return depth + (tree.is_structured() ? 1 : 0);
+}
+
+/// What the JSON library makes of the text.
+std::optional<Tree> parse(const std::string& text) {
+    try {
+        return Tree::parse(text);
+    } catch (const Tree::exception&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+/// A text is JSON when the JSON library says so, and is written as that one writes it.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text = norel::Fuzzing::toText(data, size);
+    const std::optional<Tree> expected =
+        std::count_if(text.begin(), text.end(), [](char c) { return c == '[' || c == '{'; }) < 10000
+            ? parse(text)
+            : std::nullopt; // destroying its tree would take the whole stack
+    Json json;
+    try {
+        json = Json::fromString(text);
+    } catch (const Json::JsonError&) {
+        require(!expected || depthOf(*expected) > Json::MAXIMUM_DEPTH, "what is JSON is read");
+        return 0;
+    }
+    require(expected.has_value(), "what is read is JSON");
+    const std::string written = json.toString(-1);
+    require(written == expected->dump(), "a value is written as the JSON library writes it");
+    require(json.toString(4) == expected->dump(4),
+            "an indented value is written as the JSON library writes it");
+    require(Json::fromString(written).toString(-1) == written, "a written value reads back");
+    return 0;
+}
