@@ -52,14 +52,13 @@ function(norel_add_library target shortName exportHeader)
     endif()
 endfunction()
 
-
 # norel_add_test(TARGET SOURCES ... LIBRARIES ...): a GoogleTest program whose cases CTest runs.
 function(norel_add_test target)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES")
     add_executable(${target} ${ARG_SOURCES})
     norel_configure_target(${target})
     if(NOT MSVC)
-        target_compile_options(${target} PRIVATE -O0) # the build waits for a test's compiler, not for the test
+        target_compile_options(${target} PRIVATE -O0) # tests take longer to compile than to run
     endif()
     target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
     gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 60)
