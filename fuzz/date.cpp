@@ -4,7 +4,7 @@
 using norel::Desktop::DateTime::DateTimeConversion;
 using norel::Fuzzing::require;
 
-/// A date-time that was read is written in a form that reads back to it.
+/// A date-time that was read is written as a text that reads back to an equal one.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     norel::Desktop::DateTime::DateTime read;
     try {

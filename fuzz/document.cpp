@@ -4,7 +4,7 @@
 using namespace norel::Desktop::Domain::Payloads;
 using norel::Fuzzing::require;
 
-/// A document that was read is written in a form that reads back to the same profiles.
+/// A list that was read is written as a document that reads back to an equal list.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const JsonProfileListSerializer serializer;
     ProfileList list;

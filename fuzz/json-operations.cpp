@@ -16,8 +16,8 @@ namespace {
 
 using Tree = nlohmann::ordered_json;
 
-/// What a Json must behave like: a tree that nobody shares with a copy, and the keys that lead to the place
-/// of a view in it.
+/// What a Json is compared with: a tree that no copy shares and, for a view, the keys that lead to its
+/// member.
 struct Model {
     std::shared_ptr<Tree> root = std::make_shared<Tree>();
     std::vector<std::string> path = {};
@@ -32,12 +32,12 @@ struct Model {
 
 Model makeModel(const Tree& tree) { return {std::make_shared<Tree>(tree)}; }
 
-/// A Json and its model; both always fail together.
 struct Pair {
     Json json;
     Model model;
 };
 
+/// Runs the operation on both and requires that it fails on both or on neither.
 template <typename InJson, typename InModel>
 void expectSame(const InJson& inJson, const InModel& inModel) {
     bool fails = false, modelFails = false;
@@ -122,8 +122,8 @@ void makeArray(const Pair& first, const Pair& second, Pair& to) {
 
 } // namespace
 
-/// Whatever is done to some values and views, each shows what a copy of its own would show. A value that is
-/// twice as long as the input is given up.
+/// Applies two bytes of input at a time as an operation on four values or views. Stops when a value becomes
+/// too long to be compared after every operation.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t LONGEST = 20000;
     const char* const keys[] = {"a", "b", "c", "a text that needs memory of its own"};

@@ -18,7 +18,7 @@ std::size_t depthOf(const Tree& tree) {
     return depth + (tree.is_structured() ? 1 : 0);
 }
 
-/// What the JSON library makes of the text.
+/// The text as the JSON library reads it; nothing when it refuses it.
 std::optional<Tree> parse(const std::string& text) {
     try {
         return Tree::parse(text);
@@ -29,13 +29,14 @@ std::optional<Tree> parse(const std::string& text) {
 
 } // namespace
 
-/// A text is JSON when the JSON library says so, and is written as that one writes it.
+/// The host reads the texts that the JSON library reads, up to its maximum depth, and writes them the same
+/// way.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text = norel::Fuzzing::toText(data, size);
     const std::optional<Tree> expected =
         std::count_if(text.begin(), text.end(), [](char c) { return c == '[' || c == '{'; }) < 10000
             ? parse(text)
-            : std::nullopt; // destroying its tree would take the whole stack
+            : std::nullopt; // destroying its tree would overflow the stack
     Json json;
     try {
         json = Json::fromString(text);

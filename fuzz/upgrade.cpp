@@ -23,7 +23,8 @@ std::string makeDefaults(unsigned int version) {
 
 } // namespace
 
-/// A step either fails and leaves the file, or gives a document that the same step leaves as it is.
+/// A step either fails and leaves the file unchanged, or gives a document that the same step does not change
+/// again.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const std::string defaults[STEPS] = {makeDefaults(2), makeDefaults(3), makeDefaults(4),
                                                 makeDefaults(5)};

@@ -2,7 +2,8 @@
 #include "MemoryShortage.h"
 #include "Sample.h"
 
-/// What runs out of memory throws std::bad_alloc, never another error, and leaves every value as it was.
+/// An operation that runs out of memory throws std::bad_alloc, never another error, and leaves its values
+/// unchanged.
 namespace norel::Desktop::Domain::Payloads::Test {
 namespace {
 
@@ -15,7 +16,7 @@ const JsonProfileListSerializer serializer;
 
 /// A list in memory, replaced whole.
 struct MemoryStorage : ProfileListStorage {
-    explicit MemoryStorage(const ProfileList& list) : list(list) {}
+    explicit MemoryStorage(const ProfileList& stored) : list(stored) {}
 
     void remove() override {}
     ProfileList read() override { return list; }

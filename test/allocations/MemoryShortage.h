@@ -11,8 +11,9 @@ namespace norel::Desktop::Test {
 /// Makes one allocation of the program fail, or all from one on. One thread only.
 class MemoryShortage {
 public:
-    /// The allocation number `first`, counted from 0, fails; and all after it when `isLasting`.
-    MemoryShortage(std::size_t first, bool isLasting) : first(first), isLasting(isLasting) {}
+    /// The allocation number `firstFailure`, counted from 0, fails; and all after it when `failsFromThere`.
+    MemoryShortage(std::size_t firstFailure, bool failsFromThere)
+        : first(firstFailure), isLasting(failsFromThere) {}
 
     /// Runs `operation` short of memory and returns whether it succeeded; otherwise it threw std::bad_alloc,
     /// or the test has failed.

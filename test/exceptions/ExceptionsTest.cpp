@@ -9,8 +9,7 @@ namespace {
 
 using namespace Domain::Payloads;
 
-/// Where type information is compared by its address, as some platforms do, an exception is caught by its
-/// type only when every library shares that address.
+/// Some platforms compare type information by address, so every library must share that of the exception.
 template <typename Exception>
 void expectSharedType(int kind, const std::function<void()>& throwInPayloads) {
     EXPECT_THROW(throwAcrossLibraries(kind), Exception);
