@@ -1,7 +1,7 @@
-#include "Commands.h"
-#include "Source.h"
-#include "Terminal.h"
-#include "Text.h"
+#include "commands/Commands.h"
+#include "documents/Source.h"
+#include "terminal/Terminal.h"
+#include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 

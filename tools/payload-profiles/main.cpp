@@ -1,4 +1,4 @@
-#include "Commands.h"
+#include "commands/Commands.h"
 
 int main(int argumentCount, char** arguments) {
     return norel::Desktop::PayloadProfiles::run(argumentCount, arguments);

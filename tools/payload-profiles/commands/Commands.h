@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Context.h"
+#include "commands/Context.h"
 
 #include <string>
 

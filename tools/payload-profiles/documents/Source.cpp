@@ -1,12 +1,12 @@
-#include "Source.h"
+#include "documents/Source.h"
 
-#include "ProfileFile.h"
-#include "Terminal.h"
-#include "Text.h"
+#include "documents/ProfileFile.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListDefaultProductsStorage.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListHttpStorage.h"
 #include "norel/Desktop/Networking/Http/CurlHttpClient.h"
 #include "norel/Desktop/Utils/StringConverter.h"
+#include "terminal/Terminal.h"
+#include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 

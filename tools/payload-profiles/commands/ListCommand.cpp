@@ -1,10 +1,10 @@
-#include "Commands.h"
-#include "ProfileReport.h"
-#include "Source.h"
-#include "Table.h"
-#include "Terminal.h"
-#include "Text.h"
+#include "commands/Commands.h"
+#include "documents/Source.h"
 #include "norel/Desktop/DateTime/DateTimeConversion.h"
+#include "reports/ProfileReport.h"
+#include "terminal/Table.h"
+#include "terminal/Terminal.h"
+#include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,4 +1,4 @@
-#include "ProfileParameters.h"
+#include "reports/ProfileParameters.h"
 
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 #include "norel/Desktop/Utils/ConvertToGenericString.h"

@@ -1,9 +1,9 @@
-#include "ProfileParameters.h"
-#include "ProfileReport.h"
-#include "Table.h"
-#include "Terminal.h"
-#include "Text.h"
 #include "norel/Desktop/DateTime/DateTimeConversion.h"
+#include "reports/ProfileParameters.h"
+#include "reports/ProfileReport.h"
+#include "terminal/Table.h"
+#include "terminal/Terminal.h"
+#include "terminal/Text.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,6 +1,6 @@
-#include "Commands.h"
-#include "ProfileFile.h"
-#include "ProfileId.h"
+#include "commands/Commands.h"
+#include "documents/ProfileFile.h"
+#include "documents/ProfileId.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/DeleteProfile.h"
 
 #include <CLI/CLI.hpp>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Console.h"
 #include "norel/Desktop/DateTime/SystemClockProvider.h"
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 #include "norel/Desktop/Storage/DurableTextFileStorage.h"
+#include "terminal/Console.h"
 
 #include <exception>
 #include <memory>

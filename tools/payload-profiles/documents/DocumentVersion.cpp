@@ -1,6 +1,6 @@
-#include "DocumentVersion.h"
+#include "documents/DocumentVersion.h"
 
-#include "Text.h"
+#include "terminal/Text.h"
 
 #include <algorithm>
 #include <map>

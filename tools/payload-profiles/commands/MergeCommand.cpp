@@ -1,9 +1,9 @@
-#include "Commands.h"
-#include "ProfileFile.h"
-#include "ProfileId.h"
-#include "Source.h"
-#include "Text.h"
+#include "commands/Commands.h"
+#include "documents/ProfileFile.h"
+#include "documents/ProfileId.h"
+#include "documents/Source.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/MergeProfileStorages.h"
+#include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 

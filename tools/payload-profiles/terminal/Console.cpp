@@ -1,7 +1,7 @@
-#include "Console.h"
+#include "terminal/Console.h"
 
-#include "Terminal.h"
-#include "Text.h"
+#include "terminal/Terminal.h"
+#include "terminal/Text.h"
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {

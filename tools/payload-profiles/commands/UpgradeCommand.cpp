@@ -1,9 +1,9 @@
-#include "Commands.h"
-#include "DocumentVersion.h"
-#include "ProfileFile.h"
-#include "Text.h"
+#include "commands/Commands.h"
+#include "documents/DocumentVersion.h"
+#include "documents/ProfileFile.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
+#include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 

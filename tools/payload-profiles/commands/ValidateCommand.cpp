@@ -1,6 +1,6 @@
-#include "Commands.h"
-#include "ProfileFile.h"
-#include "Text.h"
+#include "commands/Commands.h"
+#include "documents/ProfileFile.h"
+#include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,7 +1,7 @@
-#include "Table.h"
+#include "terminal/Table.h"
 
-#include "Terminal.h"
-#include "Text.h"
+#include "terminal/Terminal.h"
+#include "terminal/Text.h"
 
 #include <algorithm>
 #include <numeric>

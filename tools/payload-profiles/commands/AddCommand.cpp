@@ -1,8 +1,8 @@
-#include "Commands.h"
-#include "ProfileFile.h"
-#include "ProfileId.h"
-#include "Terminal.h"
+#include "commands/Commands.h"
+#include "documents/ProfileFile.h"
+#include "documents/ProfileId.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
+#include "terminal/Terminal.h"
 
 #include <CLI/CLI.hpp>
 

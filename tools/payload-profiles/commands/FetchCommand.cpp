@@ -1,7 +1,7 @@
-#include "Commands.h"
-#include "ProfileFile.h"
-#include "Source.h"
-#include "Text.h"
+#include "commands/Commands.h"
+#include "documents/ProfileFile.h"
+#include "documents/Source.h"
+#include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 

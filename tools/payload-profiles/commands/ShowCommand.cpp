@@ -1,7 +1,7 @@
-#include "Commands.h"
-#include "ProfileId.h"
-#include "ProfileReport.h"
-#include "Source.h"
+#include "commands/Commands.h"
+#include "documents/ProfileId.h"
+#include "documents/Source.h"
+#include "reports/ProfileReport.h"
 
 #include <CLI/CLI.hpp>
 

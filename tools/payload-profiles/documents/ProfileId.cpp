@@ -1,6 +1,6 @@
-#include "ProfileId.h"
+#include "documents/ProfileId.h"
 
-#include "Text.h"
+#include "terminal/Text.h"
 
 #include <charconv>
 

@@ -1,6 +1,6 @@
-#include "ProfileFile.h"
+#include "documents/ProfileFile.h"
 
-#include "Source.h"
+#include "documents/Source.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListFileStorage.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/GetProfileListFromStorage.h"
 

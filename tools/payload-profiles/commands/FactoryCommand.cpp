@@ -1,4 +1,4 @@
-#include "Commands.h"
+#include "commands/Commands.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 
 #include <CLI/CLI.hpp>

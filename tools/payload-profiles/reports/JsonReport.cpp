@@ -1,7 +1,7 @@
-#include "ProfileParameters.h"
-#include "ProfileReport.h"
-#include "Text.h"
 #include "norel/Desktop/DateTime/DateTimeConversion.h"
+#include "reports/ProfileParameters.h"
+#include "reports/ProfileReport.h"
+#include "terminal/Text.h"
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
