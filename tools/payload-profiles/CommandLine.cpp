@@ -1,25 +1,29 @@
+#include "CommandLine.h"
+
 #include "commands/Commands.h"
+#include "documents/Failure.h"
 #include "documents/Source.h"
 #include "terminal/Terminal.h"
 #include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <sstream>
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
-constexpr const char* DESCRIPTION = "Lists, shows, checks and changes the payload profiles of a file.";
+constexpr const char* DESCRIPTION = "Lists, shows, checks and changes the payload profiles in a file.";
 
 constexpr const char* NOTES =
     "SOURCE is a file, \"factory\" for the built-in profiles, or the base address of the processing web\n"
-    "service (http://..., https://...); \"./factory\" is a file of that name. The key of the web service is\n"
-    "taken from --key-file or the environment variable PAYLOAD_PROFILES_KEY.\n"
+    "service (http://..., https://...). Write \"./factory\" for a file of that name. The key of the web\n"
+    "service is read from --key-file or from the environment variable PAYLOAD_PROFILES_KEY.\n"
     "\n"
-    "Exit codes: 0 success, 1 validate found something, 2 trouble.\n"
+    "Exit codes: 0 success, 1 validate found an invalid file, 2 error.\n"
     "\n"
-    "payload-profiles COMMAND --help tells more and gives examples.";
+    "See payload-profiles COMMAND --help for details and examples.";
 
 class HelpFormatter : public CLI::Formatter {
 public:
@@ -42,16 +46,26 @@ void describe(CLI::App& application) {
     application.require_subcommand(1);
 }
 
-/// What is wrong with the command line; the parser itself takes an unknown command for none.
+/// Registers every argument that may contain the password of an address, whichever command or option it is
+/// given to by mistake.
+void concealPasswords(Console& console, int argumentCount, const char* const* arguments) {
+    for (int i = 1; i < argumentCount; ++i) {
+        const std::string argument = arguments[i];
+        const bool isOption = argument.starts_with("--");
+        const Source value{isOption ? argument.substr(argument.find('=') + 1) : argument, {}};
+        console.conceal(value.location, value.getName());
+    }
+}
+
+/// What is wrong with the command line. The parser does not report an unknown command as such.
 std::string reasonOf(const CLI::App& application, const CLI::ParseError& error) {
     const std::vector<std::string> rest = application.remaining();
     if (!application.get_subcommands().empty() || rest.empty() || rest.front().starts_with('-'))
         return error.what();
-    const Source word{rest.front(), {}}; // the command may be what was forgotten
-    return "there is no command " + inQuotes(word.getName());
+    return "there is no command " + inQuotes(rest.front());
 }
 
-/// Help and version for the asking, or what is wrong with the command line.
+/// Prints the help or the version that was asked for, or what is wrong with the command line.
 int answer(const CLI::App& application, const CLI::ParseError& error, Console& console) {
     if (error.get_exit_code() == 0) {
         std::ostringstream text;
@@ -63,8 +77,8 @@ int answer(const CLI::App& application, const CLI::ParseError& error, Console& c
     for (const CLI::App* chosen : application.get_subcommands())
         command += ' ' + chosen->get_name();
     console.showMessage("", reasonOf(application, error));
-    console.showMessage("", "\"" + command + " --help\" tells how it is used");
-    return static_cast<int>(ExitCode::Trouble);
+    console.showMessage("", "see " + command + " --help");
+    return static_cast<int>(ExitCode::Error);
 }
 
 int execute(int argumentCount, const char* const* arguments, Context& context) {
@@ -83,38 +97,30 @@ int execute(int argumentCount, const char* const* arguments, Context& context) {
         context.console.discard();
         context.console.showMessage(failure.subject, failure.what());
     }
-    return static_cast<int>(ExitCode::Trouble);
+    return static_cast<int>(ExitCode::Error);
 }
 
 } // namespace
-
-CLI::App& addCommand(CLI::App& application, const std::string& name, const std::string& description,
-                     const std::string& examples) {
-    CLI::App& command = *application.add_subcommand(name, description);
-    std::string footer = "Examples:";
-    std::istringstream lines(examples);
-    for (std::string line; std::getline(lines, line);)
-        footer += "\n  payload-profiles " + line;
-    command.footer(footer);
-    return command;
-}
 
 int run(int argumentCount, const char* const* arguments) {
     Terminal::prepareStandardStreams();
     Context context;
     try {
+        concealPasswords(context.console, argumentCount, arguments);
         const int exitCode = execute(argumentCount, arguments, context);
         context.console.finish();
         return exitCode;
     } catch (const Console::OutputFailure& failure) {
         context.console.discard();
-        if (failure.code() != std::errc::broken_pipe) // the reader has seen enough
+        if (failure.code() != std::errc::broken_pipe) // the reader closed the pipe: no message
             context.console.showMessage("standard output", failure.code().message());
+    } catch (const std::bad_alloc&) {
+        Terminal::writeMessage("payload-profiles: out of memory\n"); // allocates nothing
     } catch (const std::exception& error) {
         context.console.discard();
         context.console.showMessage("", error.what());
     }
-    return static_cast<int>(ExitCode::Trouble);
+    return static_cast<int>(ExitCode::Error);
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -1,4 +1,4 @@
-#include "commands/Commands.h"
+#include "CommandLine.h"
 
 int main(int argumentCount, char** arguments) {
     return norel::Desktop::PayloadProfiles::run(argumentCount, arguments);

@@ -1,4 +1,7 @@
+#include "commands/Arguments.h"
 #include "commands/Commands.h"
+#include "documents/Drafts.h"
+#include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "documents/ProfileId.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
@@ -16,12 +19,13 @@ struct AddArguments {
     std::string profileFile;
     std::optional<std::string> name;
     std::optional<std::string> serialNumber;
+    LockWait wait;
 };
 
-/// Reads profiles under the name and serial number of the command line.
+/// Reads profiles with the name and serial number of the command line.
 class OverridingSerializer : public JsonProfileListSerializer {
 public:
-    explicit OverridingSerializer(const AddArguments& arguments) : arguments(arguments) {}
+    explicit OverridingSerializer(const AddArguments& overrides) : arguments(overrides) {}
 
     using JsonProfileListSerializer::fromJson;
 
@@ -32,7 +36,7 @@ public:
         readId = builder.id;
     }
 
-    /// Of the profile read last: the list numbers those that the document leaves unnumbered.
+    /// The id of the last profile as the document has it; in the list an unassigned one is replaced.
     unsigned int getReadId() const { return readId; }
 
 private:
@@ -44,33 +48,35 @@ Profile parseProfile(const AddArguments& arguments, const std::string& text) {
     const OverridingSerializer serializer(arguments);
     const std::vector<Profile> profiles = serializer.deserialize(text).list();
     if (profiles.size() != 1)
-        throw std::runtime_error("the document holds " + std::to_string(profiles.size()) +
-                                 " profiles, one is expected");
+        throw std::runtime_error("the document must contain one profile but contains " +
+                                 std::to_string(profiles.size()));
     Profile profile = profiles.front();
     profile.setId(serializer.getReadId());
     return profile;
 }
 
 Profile readProfile(const Context& context, const AddArguments& arguments) {
-    const bool fromInput = arguments.profileFile == STANDARD_INPUT;
-    return about(fromInput ? "standard input" : arguments.profileFile, [&] {
-        return parseProfile(arguments, fromInput ? Terminal::readInput()
-                                                 : context.textFiles->read(arguments.profileFile));
+    const bool isInput = arguments.profileFile == STANDARD_INPUT;
+    return about(isInput ? "standard input" : arguments.profileFile, [&] {
+        return parseProfile(arguments, isInput ? Terminal::readInput()
+                                               : context.documents.textFiles->read(arguments.profileFile));
     });
 }
 
 void add(Context& context, const AddArguments& arguments) {
     Profile profile = readProfile(context, arguments);
-    const FileToChange file(context, arguments.file);
-    const ProfileList list = readProfiles(arguments.file, file.getStorage());
+    const FileToChange file(context.documents, arguments.file, FileToChange::Expected::Anything,
+                            arguments.wait);
+    const ProfileList list = file.read();
     const bool exists = list.existById(profile.getId());
-    if (exists && profile.getId() == Profile::ID_IS_UNASSIGNED) // which the list gives after 4294967294
-        throw Failure(arguments.file, "nothing is added: the profile " +
+    if (exists && profile.getId() == Profile::ID_IS_UNASSIGNED) // the list assigns it after 4294967294
+        throw Failure(arguments.file, "nothing was added: the profile " +
                                           describe(*list.get(profile.getId())) +
-                                          " has the id that asks for a new one; give that profile another "
+                                          " has the id that requests a new one; give that profile another "
                                           "id, or delete it");
-    about(arguments.file,
-          [&] { UseCase::AddOrUpdateProfile(file.getStorage(), context.clock).execute(profile); });
+    const auto draft = std::make_shared<DraftStorage>(list);
+    about(arguments.file, [&] { UseCase::AddOrUpdateProfile(draft, context.clock).execute(profile); });
+    file.write(draft->read());
     context.console.print((exists ? "updated " : "added ") + describe(profile) + '\n');
 }
 
@@ -78,26 +84,27 @@ void add(Context& context, const AddArguments& arguments) {
 
 void addAddCommand(CLI::App& application, Context& context) {
     CLI::App& command =
-        addCommand(application, "add", "Add a profile to a file, or update the one of its id",
+        addCommand(application, "add", "Add a profile to a file, or update the profile with the same id",
                    "add profiles.json profile.json\n"
                    "add profiles.json profile.json --name \"Drone 7\" --serial-number KV-1042\n"
                    "add profiles.json - < profile.json");
     const auto arguments = std::make_shared<AddArguments>();
-    command.add_option("FILE", arguments->file, "The file to change; made when there is none")->required();
+    command.add_option("FILE", arguments->file, "The file to change; created if missing")->required();
     command
-        .add_option(
-            "PROFILE.json", arguments->profileFile,
-            "A document of exactly one profile, - for the standard input; the id -1 asks for a new one")
+        .add_option("PROFILE.json", arguments->profileFile,
+                    "A document with one profile, - for the standard input; the id -1 requests a new id")
         ->required();
     command
         .add_option_function<std::string>(
-            "--name", [arguments](const std::string& name) { arguments->name = name; }, "Name the profile so")
+            "--name", [arguments](const std::string& name) { arguments->name = name; },
+            "Set the profile name")
         ->option_text("NAME");
     command
         .add_option_function<std::string>(
             "--serial-number", [arguments](const std::string& number) { arguments->serialNumber = number; },
-            "Give the profile this serial number")
+            "Set the serial number")
         ->option_text("NUMBER");
+    addWait(command, arguments->wait);
     command.callback([&context, arguments] { add(context, *arguments); });
 }
 

@@ -1,4 +1,7 @@
+#include "commands/Arguments.h"
 #include "commands/Commands.h"
+#include "documents/Drafts.h"
+#include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "documents/ProfileId.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/DeleteProfile.h"
@@ -13,6 +16,7 @@ namespace {
 struct DeleteArguments {
     std::string file;
     std::vector<std::string> ids;
+    LockWait wait;
 };
 
 void checkIds(const ProfileList& list, const std::set<unsigned int>& ids, const std::string& file) {
@@ -21,21 +25,21 @@ void checkIds(const ProfileList& list, const std::set<unsigned int>& ids, const 
         if (!list.existById(id))
             unknown += (unknown.empty() ? "" : ", ") + std::to_string(id);
     if (!unknown.empty())
-        throw Failure(file, "there is no profile " + unknown + "; nothing is deleted");
+        throw Failure(file, "there is no profile " + unknown + "; nothing was deleted");
 }
 
-/// Deletes all or, on any failure, none: the file is written once.
+/// Deletes all of the profiles, or none on any error: the file is written once.
 void deleteProfiles(Context& context, const DeleteArguments& arguments) {
     std::set<unsigned int> ids;
     for (const std::string& id : arguments.ids)
         ids.insert(parseId(id));
-    const auto storage = openFile(context, arguments.file);
-    const ProfileList list = readProfiles(arguments.file, storage);
+    const FileToChange file(context.documents, arguments.file, FileToChange::Expected::File, arguments.wait);
+    const ProfileList list = file.read();
     checkIds(list, ids, arguments.file);
     const auto draft = std::make_shared<DraftStorage>(list);
     for (const unsigned int id : ids)
         UseCase::DeleteProfile(draft).execute(id);
-    about(arguments.file, [&] { storage->write(draft->read()); });
+    file.write(draft->read());
     for (const unsigned int id : ids)
         context.console.print("deleted " + describe(*list.get(id)) + '\n');
 }
@@ -43,13 +47,13 @@ void deleteProfiles(Context& context, const DeleteArguments& arguments) {
 } // namespace
 
 void addDeleteCommand(CLI::App& application, Context& context) {
-    CLI::App& command =
-        addCommand(application, "delete", "Delete profiles of a file, all those named or none",
-                   "delete profiles.json 88\n"
-                   "delete profiles.json 4 3 2");
+    CLI::App& command = addCommand(application, "delete", "Delete profiles from a file, either all or none",
+                                   "delete profiles.json 88\n"
+                                   "delete profiles.json 4 3 2");
     const auto arguments = std::make_shared<DeleteArguments>();
     command.add_option("FILE", arguments->file, "The file to change")->required();
     command.add_option("ID", arguments->ids, "The ids of the profiles")->required()->check(checkId);
+    addWait(command, arguments->wait);
     command.callback([&context, arguments] { deleteProfiles(context, *arguments); });
 }
 

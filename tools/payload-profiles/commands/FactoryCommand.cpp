@@ -1,5 +1,7 @@
+#include "commands/Arguments.h"
 #include "commands/Commands.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 
 #include <CLI/CLI.hpp>
 
@@ -7,12 +9,17 @@ namespace norel::Desktop::PayloadProfiles {
 
 void addFactoryCommand(CLI::App& application, Context& context) {
     CLI::App& command =
-        addCommand(application, "factory", "Print the document of the built-in profiles as it is",
+        addCommand(application, "factory", "Print the document of the built-in profiles, byte for byte",
                    "factory > profiles.json\n"
                    "factory --document-version 3");
-    const auto version = std::make_shared<unsigned int>(5);
-    command.add_option("--document-version", *version, "Version 2, 3, 4 or 5; 5 when left out")
-        ->check(CLI::Range(2U, 5U))
+    const unsigned int oldest = DocumentVersions::getFirst() + 1; // of those that came with factory profiles
+    const unsigned int current = DocumentVersions::getCurrent();
+    const auto version = std::make_shared<unsigned int>(current);
+    command
+        .add_option("--document-version", *version,
+                    "Version " + std::to_string(oldest) + " to " + std::to_string(current) +
+                        " (default: " + std::to_string(current) + ")")
+        ->check(CLI::Range(oldest, current))
         ->option_text("VERSION");
     command.callback([&context, version] {
         context.console.print(DefaultProducts::getSourceDocumentFromVersionInfo(*version));

@@ -1,39 +1,31 @@
+#include "commands/Arguments.h"
 #include "commands/Commands.h"
+#include "documents/Failure.h"
 #include "documents/ProfileFile.h"
-#include "documents/Source.h"
 #include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 
-#include <filesystem>
-
 namespace norel::Desktop::PayloadProfiles {
 namespace {
-
-namespace fs = std::filesystem;
 
 struct FetchArguments {
     Source source;
     std::string file;
     bool force = false;
+    LockWait wait;
 };
-
-void requireNoFile(const std::string& file) {
-    about(file, [&] {
-        if (fs::exists(fs::symlink_status(file)))
-            throw Failure(file, "the file is there already; --force replaces it");
-    });
-}
 
 void fetch(Context& context, const FetchArguments& arguments) {
     if (!arguments.source.isAddress())
-        throw Failure(arguments.source.getName(),
-                      "the address begins neither with http:// nor with https://");
+        throw Failure(arguments.source.getName(), "an address begins with http:// or https://");
+    requireChangeable(arguments.file);
     if (!arguments.force)
-        requireNoFile(arguments.file);
-    const ProfileList list = readSource(context, arguments.source);
-    const FileToChange file(context, arguments.file);
-    about(arguments.file, [&] { file.getStorage()->write(list); });
+        requireNoFile(arguments.file); // saves the download; what counts is decided under the lock
+    const auto expected =
+        arguments.force ? FileToChange::Expected::Anything : FileToChange::Expected::Nothing;
+    const ProfileList list = readSource(context.documents, arguments.source);
+    FileToChange(context.documents, arguments.file, expected, arguments.wait).write(list);
     context.console.print("saved " + counted(list.list().size(), "profile") + " to " +
                           printable(arguments.file) + '\n');
 }
@@ -48,7 +40,8 @@ void addFetchCommand(CLI::App& application, Context& context) {
     command.add_option("URL", arguments->source.location, "The base address of the service")->required();
     addKeyFile(command, arguments->source);
     command.add_option("FILE", arguments->file, "The file to write")->required();
-    command.add_flag("--force", arguments->force, "Replace the file when it is there");
+    command.add_flag("--force", arguments->force, "Replace an existing file");
+    addWait(command, arguments->wait);
     command.callback([&context, arguments] { fetch(context, *arguments); });
 }
 

@@ -1,9 +1,10 @@
+#include "commands/Arguments.h"
 #include "commands/Commands.h"
+#include "documents/Drafts.h"
+#include "documents/Failure.h"
 #include "documents/ProfileFile.h"
-#include "documents/ProfileId.h"
-#include "documents/Source.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/MergeProfileStorages.h"
-#include "terminal/Text.h"
+#include "reports/ChangeReport.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,65 +17,34 @@ struct MergeArguments {
     Source source;
     std::string file;
     bool dryRun = false;
+    LockWait wait;
 };
 
-/// What became of each profile of the source: a line each.
-std::string makeReport(const ProfileList& source, const ProfileList& before, const ProfileList& after,
-                       bool isDryRun) {
-    std::string lines;
-    std::size_t added = 0;
-    std::size_t kept = 0;
-    ProfileList seen;
-    for (Profile profile : source) {
-        const std::string name = profile.getName();
-        const Profile result = *after.getProfileByName(name);
-        if (before.existByName(name)) {
-            lines += "kept " + describe(result) + ": the file has a profile of this name\n";
-            ++kept;
-        } else if (seen.existByName(name)) {
-            lines += "kept " + describe(result) + ": the source has another profile of this name\n";
-            ++kept;
-        } else {
-            lines += (isDryRun ? "would add " : "added ") + describe(result);
-            if (result.getId() != profile.getId())
-                lines += ": its id " + std::to_string(profile.getId()) + " is taken";
-            lines += '\n';
-            ++added;
-        }
-        seen.add(profile);
-    }
-    return lines + counted(added, "profile") + (isDryRun ? " to add, " : " added, ") + std::to_string(kept) +
-           " kept\n";
-}
-
-/// What a merge makes of the list, without any file.
-ProfileList tryMerge(const std::shared_ptr<ProfileListStorage>& source, const ProfileList& list) {
+ProfileList merged(const ProfileList& source, const ProfileList& list) {
     const auto draft = std::make_shared<DraftStorage>(list);
-    UseCase::MergeProfileStorages(source, draft).execute();
+    UseCase::MergeProfileStorages(std::make_shared<DraftStorage>(source), draft).execute();
     return draft->read();
 }
 
-ProfileList readIfThere(const Context& context, const std::string& file) {
+ProfileList readIfExists(const Context& context, const std::string& file) {
     const bool exists = about(file, [&] { return std::filesystem::exists(file); });
-    return exists ? readProfiles(file, openFile(context, file)) : ProfileList();
+    return exists ? readProfiles(file, openFile(context.documents, file)) : ProfileList();
 }
 
 void merge(Context& context, const MergeArguments& arguments) {
-    const Source target{arguments.file, {}};
-    if (target.isBuiltInOrAddress()) // the arguments the other way round
-        throw Failure(target.getName(), "this is a source that cannot be changed");
-    const ProfileList profiles = readSource(context, arguments.source); // once: it may be far away
-    const auto source = std::make_shared<DraftStorage>(profiles);
+    requireChangeable(arguments.file);
+    const ProfileList source = readSource(context.documents, arguments.source);
     if (arguments.dryRun) {
-        const ProfileList before = readIfThere(context, arguments.file);
-        context.console.print(makeReport(profiles, before, tryMerge(source, before), true));
+        const ProfileList before = readIfExists(context, arguments.file);
+        context.console.print(makeMergeReport(source, before, merged(source, before), Tense::WouldBe));
         return;
     }
-    const FileToChange file(context, arguments.file);
-    const ProfileList before = readProfiles(arguments.file, file.getStorage());
-    about(arguments.file, [&] { UseCase::MergeProfileStorages(source, file.getStorage()).execute(); });
-    context.console.print(
-        makeReport(profiles, before, readProfiles(arguments.file, file.getStorage()), false));
+    const FileToChange file(context.documents, arguments.file, FileToChange::Expected::Anything,
+                            arguments.wait);
+    const ProfileList before = file.read();
+    const ProfileList after = merged(source, before);
+    file.write(after);
+    context.console.print(makeMergeReport(source, before, after, Tense::Done));
 }
 
 } // namespace
@@ -87,8 +57,9 @@ void addMergeCommand(CLI::App& application, Context& context) {
                    "merge https://processing.example/ profiles.json --key-file key.txt");
     const auto arguments = std::make_shared<MergeArguments>();
     addSource(command, arguments->source);
-    command.add_option("FILE", arguments->file, "The file to change; made when there is none")->required();
-    command.add_flag("--dry-run", arguments->dryRun, "Only tell what would be done");
+    command.add_option("FILE", arguments->file, "The file to change; created if missing")->required();
+    command.add_flag("--dry-run", arguments->dryRun, "Print what would be done, and change nothing");
+    addWait(command, arguments->wait);
     command.callback([&context, arguments] { merge(context, *arguments); });
 }
 

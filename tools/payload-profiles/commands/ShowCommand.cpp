@@ -1,6 +1,7 @@
+#include "commands/Arguments.h"
 #include "commands/Commands.h"
+#include "documents/Failure.h"
 #include "documents/ProfileId.h"
-#include "documents/Source.h"
 #include "reports/ProfileReport.h"
 
 #include <CLI/CLI.hpp>
@@ -17,7 +18,7 @@ struct ShowArguments {
 void show(Context& context, const ShowArguments& arguments) {
     const unsigned int id = parseId(arguments.id);
     unsigned int index = 0;
-    for (const Profile& profile : readSource(context, arguments.source)) {
+    for (const Profile& profile : readSource(context.documents, arguments.source)) {
         if (profile.getId() == id) {
             context.console.print(arguments.asJson ? makeJsonReport(profile, index)
                                                    : makeTextReport(profile, index));
@@ -31,12 +32,12 @@ void show(Context& context, const ShowArguments& arguments) {
 } // namespace
 
 void addShowCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "show", "Show one profile with every parameter",
+    CLI::App& command = addCommand(application, "show", "Show a profile with all of its parameters",
                                    "show profiles.json 88\n"
                                    "show factory 88 --json");
     const auto arguments = std::make_shared<ShowArguments>();
     addSource(command, arguments->source);
-    command.add_option("ID", arguments->id, "The profile's id")->required()->check(checkId);
+    command.add_option("ID", arguments->id, "The id of the profile")->required()->check(checkId);
     command.add_flag("--json", arguments->asJson, "Print JSON");
     command.callback([&context, arguments] { show(context, *arguments); });
 }

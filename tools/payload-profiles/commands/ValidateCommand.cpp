@@ -1,4 +1,6 @@
+#include "commands/Arguments.h"
 #include "commands/Commands.h"
+#include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "terminal/Text.h"
 
@@ -9,11 +11,14 @@ namespace {
 
 using FileNames = std::vector<std::string>;
 
-/// Why the text of the file is no valid profile list; empty when it is one.
-std::string findFailure(const Context& context, const std::string& file, const std::string& text) {
+/// Why the text is not a valid profile list; empty when it is one. Throws std::bad_alloc, which says nothing
+/// about the text.
+std::string findProblem(const Context& context, const std::string& text) {
     try {
-        readText(context, file, text);
+        context.documents.serializer->deserialize(text);
         return {};
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         return error.what();
     }
@@ -22,24 +27,23 @@ std::string findFailure(const Context& context, const std::string& file, const s
 void validate(Context& context, const std::string& file) {
     try {
         requireFile(file);
-        const std::string text = about(file, [&] { return context.textFiles->read(file); });
-        const std::string failure = findFailure(context, file, text);
-        if (failure.empty())
+        const std::string problem =
+            about(file, [&] { return findProblem(context, context.documents.textFiles->read(file)); });
+        if (problem.empty())
             return;
-        context.console.print(printable(file) + ": " + printable(failure) + '\n');
+        context.console.print(printable(file) + ": " + printable(problem) + '\n');
         if (context.exitCode == ExitCode::Success)
             context.exitCode = ExitCode::FailuresFound;
     } catch (const Failure& failure) {
         context.console.showMessage(failure.subject, failure.what());
-        context.exitCode = ExitCode::Trouble;
+        context.exitCode = ExitCode::Error;
     }
 }
 
 } // namespace
 
 void addValidateCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "validate",
-                                   "Check files and tell what is wrong with those that are not valid",
+    CLI::App& command = addCommand(application, "validate", "Check files and print what makes them invalid",
                                    "validate profiles.json\n"
                                    "validate *.json");
     const auto files = std::make_shared<FileNames>();

@@ -18,20 +18,20 @@ std::string makeLabel(const Json& profile, unsigned int index) {
     try {
         label = std::to_string(profile.getValue("id").as<unsigned int>());
         return label + ' ' + inQuotes(profile.get("name"));
-    } catch (const Json::JsonError&) { // not worth a failure: the label only serves messages
+    } catch (const Json::JsonError&) { // ignored: the label only serves messages
         return label.empty() ? '[' + std::to_string(index) + ']' : label;
     }
 }
 
-/// Told by the text, since a Json does not tell its kind.
+/// Determined from the text, since Json has no function for it.
 bool isObject(const Json& value) { return value.toString(-1).starts_with('{'); }
 
-/// The version whose sections a profile has. Throws VersionUnclear when it lacks one that a later one it has
-/// builds on.
+/// The version whose sections a profile has. Throws VersionUnclear when it has a section of a later version
+/// but lacks one of an earlier version.
 unsigned int findVersion(const StoredProfile& profile) {
     std::optional<Section> lacking;
-    unsigned int version = FIRST_VERSION;
-    for (unsigned int next = FIRST_VERSION + 1; next <= CURRENT_VERSION; ++next) {
+    unsigned int version = DocumentVersions::getFirst();
+    for (unsigned int next = version + 1; next <= DocumentVersions::getCurrent(); ++next) {
         const unsigned int lackingBefore = !lacking ? next : version + 1;
         for (const Section& section : DocumentVersions::getSections(next)) {
             const bool has = hasSection(profile.value, section);
@@ -39,7 +39,7 @@ unsigned int findVersion(const StoredProfile& profile) {
                 lacking = section;
             if (has && next > lackingBefore)
                 throw VersionUnclear("the profile " + profile.label + " has " + getName(section) +
-                                     " but lacks " + getName(*lacking) + "; tell its version with --from");
+                                     " but lacks " + getName(*lacking) + "; give its version with --from");
         }
         if (!lacking)
             version = next;
@@ -76,8 +76,9 @@ StoredLidars::StoredLidars(const std::string& text) {
         if (!profile.contains(LIDAR))
             continue;
         const Json lidar = profile.getValue(LIDAR);
-        auto& kind = lidar.isNull() ? nulls : isObject(lidar) ? profiles : others;
-        kind.push_back({makeLabel(profile, index), profile});
+        if (lidar.isNull())
+            continue;
+        (isObject(lidar) ? profiles : invalid).push_back({makeLabel(profile, index), profile});
     }
 }
 
@@ -101,7 +102,7 @@ std::optional<unsigned int> findVersion(const std::vector<StoredProfile>& profil
         mixture += (mixture.empty() ? "version " : "; version ") + std::to_string(version) + ": " +
                    joinLabels(members);
     throw VersionUnclear("the profiles are of several versions (" + mixture +
-                         "); tell with --from which one to upgrade from");
+                         "); give the one to upgrade from with --from");
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -1,9 +1,14 @@
 #include "documents/ProfileFile.h"
 
+#include "documents/Failure.h"
+#include "documents/FollowLinks.h"
 #include "documents/Source.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListFileStorage.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/GetProfileListFromStorage.h"
+#include "terminal/Text.h"
 
+#include <cerrno>
+#include <cstdio>
 #include <system_error>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -11,9 +16,32 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::shared_ptr<ProfileListStorage> openStorage(const Context& context, const std::string& file) {
+std::shared_ptr<ProfileListStorage> openStorage(const DocumentAccess& documents, const std::string& file) {
     return about(file, [&] {
-        return std::make_shared<ProfileListFileStorage>(file, context.textFiles, context.serializer);
+        return std::make_shared<ProfileListFileStorage>(file, documents.textFiles, documents.serializer);
+    });
+}
+
+FileLock lockExpected(const std::string& file, FileToChange::Expected expected, std::chrono::seconds wait) {
+    if (expected == FileToChange::Expected::File)
+        requireFile(file);
+    return lockFile(file, wait);
+}
+
+/// Creates the file where it is missing and may be; the result tells whether it did.
+bool createIfMissing(const std::string& file, FileToChange::Expected expected) {
+    using Expected = FileToChange::Expected;
+    if (expected == Expected::File) {
+        requireFile(file); // once more: it may have gone before it was locked
+        return false;
+    }
+    return about(file, [&] {
+        if (expected == Expected::Nothing)
+            requireNoFile(file);
+        if (fs::exists(file))
+            return false;
+        createEmptyFile(file);
+        return true;
     });
 }
 
@@ -25,33 +53,66 @@ void requireFile(const std::string& file) {
         throw Failure(Source{file, {}}.getName(), error ? error.message() : "there is no such file");
 }
 
-std::shared_ptr<ProfileListStorage> openFile(const Context& context, const std::string& file) {
+void requireNoFile(const std::string& file) {
+    about(file, [&] {
+        if (fs::exists(fs::symlink_status(file)))
+            throw Failure(file, "the file already exists; --force replaces it");
+    });
+}
+
+std::shared_ptr<ProfileListStorage> openFile(const DocumentAccess& documents, const std::string& file) {
     requireFile(file);
-    return openStorage(context, file);
+    return openStorage(documents, file);
 }
 
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage) {
     return about(subject, [&] { return UseCase::GetProfileListFromStorage(storage).execute(); });
 }
 
-ProfileList readText(const Context& context, const std::string& file, const std::string& text) {
-    const auto draft = std::make_shared<DraftTextFileStorage>(text);
-    const auto storage = std::make_shared<ProfileListFileStorage>(file, draft, context.serializer);
-    return UseCase::GetProfileListFromStorage(storage).execute();
+void requireChangeable(const std::string& file) {
+    const Source source{file, {}};
+    if (source.isBuiltIn() || source.isAddress()) // such as arguments in the wrong order
+        throw Failure(source.getName(), "this is a source that cannot be changed");
 }
 
-FileToChange::FileToChange(const Context& context, const std::string& file)
-    : path(file),
-      isNew(about(file, [&] { return !fs::exists(file); })),
-      storage(openStorage(context, file)) {}
+FileLock lockFile(const std::string& file, std::chrono::seconds wait) {
+    requireChangeable(file);
+    return about(file, [&] {
+        try {
+            return FileLock(file, wait);
+        } catch (const FileLock::TimedOut& error) {
+            const auto seconds = static_cast<std::size_t>(wait.count());
+            throw Failure(file, std::string(error.what()) + " after " + counted(seconds, "second") +
+                                    "; --wait SECONDS waits longer");
+        }
+    });
+}
+
+void createEmptyFile(const std::string& file) {
+    std::FILE* const created = std::fopen(followLinks(file).string().c_str(), "wx");
+    if (created == nullptr)
+        throw std::system_error(errno, std::generic_category(), "cannot create \"" + file + '"');
+    std::fclose(created);
+}
+
+FileToChange::FileToChange(const DocumentAccess& documents, const std::string& name, Expected expected,
+                           std::chrono::seconds wait)
+    : file(name),
+      lock(lockExpected(name, expected, wait)),
+      isCreated(createIfMissing(name, expected)),
+      storage(openStorage(documents, name)) {}
 
 FileToChange::~FileToChange() {
-    if (!isNew)
+    if (!isCreated)
         return;
-    std::error_code error; // nothing more can be done about it
-    const fs::path target = fs::canonical(path, error);
-    if (!error && fs::is_regular_file(target, error) && fs::file_size(target, error) == 0)
-        fs::remove(target, error);
+    std::error_code ignored;
+    const fs::path target = fs::canonical(file, ignored);
+    if (!ignored && fs::is_regular_file(target, ignored) && fs::file_size(target, ignored) == 0)
+        fs::remove(target, ignored);
+}
+
+void FileToChange::write(const ProfileList& list) const {
+    about(file, [&] { storage->write(list); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -1,68 +1,61 @@
 #pragma once
 
-#include "commands/Context.h"
+#include "documents/DocumentAccess.h"
+#include "documents/FileLock.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
 
-#include <filesystem>
+#include <chrono>
 #include <memory>
 #include <string>
 
 namespace norel::Desktop::PayloadProfiles {
 
-/// The profile list of a file, which must be there: a file storage would make a missing one.
-std::shared_ptr<ProfileListStorage> openFile(const Context& context, const std::string& file);
+/// Throws Failure when nothing exists at the path, or that cannot be determined.
+void requireFile(const std::string& file);
 
-/// The list that a storage holds; failures are those of `subject`.
+/// Throws Failure when anything exists at the path, even a symbolic link that leads nowhere.
+void requireNoFile(const std::string& file);
+
+/// The profile list of an existing file. Throws Failure; does not create a missing file, as the constructor
+/// of a file storage would.
+std::shared_ptr<ProfileListStorage> openFile(const DocumentAccess& documents, const std::string& file);
+
+/// The list of a storage; errors become a Failure of `subject`.
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage);
 
-/// The list that `text` would be as the content of `file`, which exists and is not touched. Throws the errors
-/// of ProfileListStorage::read.
-ProfileList readText(const Context& context, const std::string& file, const std::string& text);
+/// Throws Failure for a source that cannot be changed.
+void requireChangeable(const std::string& file);
 
-/// A file that a command changes, or makes. One that it made and left empty is removed again.
+/// The lock that a command holds from before it reads a file until after it has written it. Throws Failure
+/// when the file is still locked after the wait, and for a source that cannot be changed.
+FileLock lockFile(const std::string& file, std::chrono::seconds wait);
+
+/// Creates an empty file where none exists, never touching one that another process has just created. Throws
+/// std::system_error.
+void createEmptyFile(const std::string& file);
+
+/// A file that a command reads, changes and writes under one lock. All operations throw Failure.
 class FileToChange {
 public:
-    FileToChange(const Context& context, const std::string& file);
+    /// What must exist at the path; for Anything and Nothing, a missing file is created empty, and removed
+    /// again if it stays empty.
+    enum class Expected { Anything, File, Nothing };
+
+    FileToChange(const DocumentAccess& documents, const std::string& file, Expected expected,
+                 std::chrono::seconds wait);
 
     FileToChange(const FileToChange&) = delete;
     FileToChange& operator=(const FileToChange&) = delete;
     ~FileToChange();
 
-    const std::shared_ptr<ProfileListStorage>& getStorage() const { return storage; }
+    ProfileList read() const { return readProfiles(file, storage); }
+    void write(const ProfileList& list) const;
 
 private:
-    std::filesystem::path path;
-    bool isNew;
+    std::string file;
+    FileLock lock;
+    bool isCreated;
     std::shared_ptr<ProfileListStorage> storage;
 };
-
-/// A list in memory, for use cases that try something out or take several steps before anything is stored.
-class DraftStorage : public ProfileListStorage {
-public:
-    explicit DraftStorage(const ProfileList& list) : list(list) {}
-
-    void remove() override { list = ProfileList(); }
-    ProfileList read() override { return list; }
-    void write(const ProfileList& newList) override { list = newList; }
-
-private:
-    ProfileList list;
-};
-
-/// The text of one file in memory.
-class DraftTextFileStorage : public Storage::TextFileStorage {
-public:
-    explicit DraftTextFileStorage(const std::string& text) : text(text) {}
-
-    std::string read(const std::filesystem::path&) override { return text; }
-    void remove(const std::filesystem::path&) override { text.clear(); }
-    void write(const std::filesystem::path&, const std::string& newText) override { text = newText; }
-
-private:
-    std::string text;
-};
-
-/// Throws Failure when there is nothing at the path, or it cannot be told.
-void requireFile(const std::string& file);
 
 } // namespace norel::Desktop::PayloadProfiles

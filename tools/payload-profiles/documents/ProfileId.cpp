@@ -10,7 +10,7 @@ std::string checkId(const std::string& text) {
     unsigned int id = 0;
     const char* end = text.data() + text.size();
     const auto [last, error] = std::from_chars(text.data(), end, id);
-    return error == std::errc() && last == end ? "" : inQuotes(text) + " is not the id of a profile";
+    return error == std::errc() && last == end ? "" : inQuotes(text) + " is not a profile id";
 }
 
 unsigned int parseId(const std::string& text) {

@@ -6,10 +6,10 @@
 
 namespace norel::Desktop::PayloadProfiles {
 
-/// Why the text is not the decimal number of a profile; empty when it is one.
+/// Why the text is not an id in decimal digits; empty when it is one.
 std::string checkId(const std::string& text);
 
-/// The id that a checked text gives.
+/// The id in a text that passed checkId.
 unsigned int parseId(const std::string& text);
 
 /// `88 "Name"`, printable.

@@ -1,5 +1,6 @@
 #include "documents/Source.h"
 
+#include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListDefaultProductsStorage.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListHttpStorage.h"
@@ -8,24 +9,21 @@
 #include "terminal/Terminal.h"
 #include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
+#include <sstream>
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr const char* FACTORY = "factory";
-
-/// Shows on a terminal, once it takes longer than a second, how much of an answer has come, and wipes that
-/// away again.
+/// Shows on a terminal how much of an answer has been received, once it takes longer than a second, and
+/// erases that at the end.
 class Progress {
 public:
-    explicit Progress(const std::string& name) : name(printable(name)) {}
+    explicit Progress(const std::string& source) : name(printable(source)) {}
 
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -50,79 +48,87 @@ private:
     bool isShown = false;
 };
 
-/// The key of the web service, empty for none. Not the text file store's to read: a key may come from a pipe.
-std::string readKey(const Source& source) {
-    if (source.keyFile.empty()) {
-        const char* key = std::getenv("PAYLOAD_PROFILES_KEY");
-        return key == nullptr ? "" : key;
-    }
-    std::ifstream file(source.keyFile);
+/// Not read through the text file store, which refuses pipes: a key may come from one.
+std::string readKeyFile(const std::string& name) {
+    constexpr std::size_t limit = 65536;
+    std::string text(limit + 1, '\0');
+    std::ifstream file(name, std::ios::binary);
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    if (!file.is_open() || file.bad())
+        throw Failure(name, "cannot read the key file");
+    text.resize(static_cast<std::size_t>(file.gcount()));
+    if (text.size() > limit)
+        throw Failure(name, "the key file is longer than 64 KiB");
+    std::istringstream words(text);
     std::string key;
     std::string rest;
-    if (!(file >> key) || file >> rest)
-        throw Failure(source.keyFile, "the key file cannot be read or does not hold exactly one word");
+    if (!(words >> key) || words >> rest)
+        throw Failure(name, "the key file must contain exactly one word");
     return key;
 }
 
-std::shared_ptr<ProfileListStorage> openAddress(const Context& context, const Source& source) {
-    if (source.location.find_first_of("?#") != std::string::npos)
+/// The key of the web service, empty for none.
+std::string readKey(const Source& source) {
+    if (!source.keyFile.empty())
+        return readKeyFile(source.keyFile);
+    const char* key = std::getenv("PAYLOAD_PROFILES_KEY");
+    return key == nullptr ? "" : key;
+}
+
+void checkAddress(const Source& source) {
+    const std::string& address = source.location;
+    const std::size_t slashes = address.find("://");
+    if (slashes == std::string::npos || slashes != address.find(':'))
+        throw Failure(source.getName(), "an address begins with http:// or https://");
+    if (address.find_first_of("?#") != std::string::npos)
         throw Failure(source.getName(), "a base address has no query and no fragment");
-    const std::size_t host = source.location.find("//") + 2;
-    const std::size_t path = source.location.find('/', host);
-    if (host == path || host == source.location.size())
-        throw Failure(source.getName(), "the address names no host");
-    if (path != std::string::npos && source.location.find('@', path) != std::string::npos)
-        throw Failure(source.getName(), "an @ in the path is written %40, a / in a password %2F");
+    const std::size_t host = slashes + 3;
+    const std::size_t path = address.find('/', host);
+    if (host == path || host == address.size())
+        throw Failure(source.getName(), "the address has no host");
+    if (path != std::string::npos && address.find('@', path) != std::string::npos)
+        throw Failure(source.getName(), "write an @ in the path as %40, a / in the password as %2F");
+}
+
+std::shared_ptr<ProfileListStorage> openAddress(const DocumentAccess& documents, const Source& source) {
+    checkAddress(source);
     const std::string baseUrl = source.location + (source.location.back() == '/' ? "" : "/");
     const auto progress = std::make_shared<Progress>(source.getName());
     Networking::Http::CurlHttpClient::Options options;
     options.progress = [progress](std::uint64_t receivedBytes) { progress->update(receivedBytes); };
     const auto client = std::make_shared<Networking::Http::CurlHttpClient>(options);
-    return std::make_shared<ProfileListHttpStorage>(baseUrl, client, readKey(source), context.serializer);
+    return std::make_shared<ProfileListHttpStorage>(baseUrl, client, readKey(source), documents.serializer);
 }
 
-std::shared_ptr<ProfileListStorage> openSource(const Context& context, const Source& source) {
-    if (source.location == FACTORY)
+std::shared_ptr<ProfileListStorage> openSource(const DocumentAccess& documents, const Source& source) {
+    if (source.isBuiltIn())
         return std::make_shared<ProfileListDefaultProductsStorage>();
     if (source.isAddress())
-        return about(source.getName(), [&] { return openAddress(context, source); });
-    return openFile(context, source.location);
+        return about(source.getName(), [&] { return openAddress(documents, source); });
+    return openFile(documents, source.location);
 }
 
 } // namespace
 
+bool Source::isBuiltIn() const { return location == "factory"; }
+
 bool Source::isAddress() const {
     const std::string upperCase = Utils::StringConverter::toUpperCase(location);
-    return upperCase.starts_with("HTTP://") || upperCase.starts_with("HTTPS://");
+    return upperCase.starts_with("HTTP:") || upperCase.starts_with("HTTPS:");
 }
-
-bool Source::isBuiltInOrAddress() const { return location == FACTORY || isAddress(); }
 
 std::string Source::getName() const {
     const std::size_t at = location.rfind('@');
-    if (at == std::string::npos || location.find(':') > at || location.find('/') > at)
+    const bool isPath = location.starts_with("./") || location.starts_with("../");
+    if (at == std::string::npos || location.find(':') > at || isPath)
         return location;
-    const std::size_t user = isAddress() ? location.find("//") + 2 : 0;
+    const std::size_t slashes = location.find("//");
+    const std::size_t user = isAddress() && slashes < at ? slashes + 2 : 0;
     return location.substr(0, user) + location.substr(at + 1);
 }
 
-void addSource(CLI::App& command, Source& source) {
-    command
-        .add_option("SOURCE", source.location, "A file, \"factory\" or a base address (http://, https://)")
-        ->required();
-    addKeyFile(command, source);
-}
-
-void addKeyFile(CLI::App& command, Source& source) {
-    command
-        .add_option("--key-file", source.keyFile,
-                    "File with the key of the web service; the default is the environment variable "
-                    "PAYLOAD_PROFILES_KEY")
-        ->option_text("KEY-FILE");
-}
-
-ProfileList readSource(const Context& context, const Source& source) {
-    return readProfiles(source.getName(), openSource(context, source));
+ProfileList readSource(const DocumentAccess& documents, const Source& source) {
+    return readProfiles(source.getName(), openSource(documents, source));
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -1,36 +1,27 @@
 #pragma once
 
-#include "commands/Context.h"
+#include "documents/DocumentAccess.h"
 
 #include <string>
 
-namespace CLI {
-class App;
-class Option;
-} // namespace CLI
-
 namespace norel::Desktop::PayloadProfiles {
 
-/// Where profiles are read from, as the command line names it.
+/// Where profiles are read from, as given on the command line.
 struct Source {
     std::string location; ///< a file, "factory" or a base address
-    std::string keyFile;  ///< holds the key of the web service; none when empty
+    std::string keyFile;  ///< contains the key of the web service; none when empty
 
+    bool isBuiltIn() const;
+
+    /// Whether it begins with "http:" or "https:", in any case.
     bool isAddress() const;
-    bool isBuiltInOrAddress() const;
 
-    /// The name for messages: the location without what may be the user and password of an address, however
-    /// mistyped.
+    /// The location for messages, without anything that may be the user and password of an address, even of
+    /// a mistyped one.
     std::string getName() const;
 };
 
-/// Adds the argument SOURCE and the option --key-file to a command.
-void addSource(CLI::App& command, Source& source);
-
-/// Adds the option --key-file alone.
-void addKeyFile(CLI::App& command, Source& source);
-
 /// The profiles of a source. Throws Failure.
-ProfileList readSource(const Context& context, const Source& source);
+ProfileList readSource(const DocumentAccess& documents, const Source& source);
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -8,11 +8,11 @@ namespace {
 
 using namespace Domain::Payloads;
 
-/// Notes every parameter and its place while the document of one profile is read, so that the document's own
-/// tables alone say which there are.
+/// Records every parameter and its path while the document of one profile is read. So the list of parameters
+/// comes from the document's own tables.
 class SettingsRecorder : public JsonProfileListSerializer {
 public:
-    explicit SettingsRecorder(ProfileSettings& settings) : settings(settings) {}
+    explicit SettingsRecorder(ProfileSettings& target) : settings(target) {}
 
     using JsonProfileListSerializer::fromJson;
 
@@ -32,9 +32,9 @@ public:
         record(path, builder, options);
     }
 
-    void fromJson(const JsonPath& path, std::vector<std::string>& target, Options options) const override {
-        JsonProfileListSerializer::fromJson(path, target, options);
-        settings.textLists.push_back({pathInProfile(path), target});
+    void fromJson(const JsonPath& path, std::vector<std::string>& texts, Options options) const override {
+        JsonProfileListSerializer::fromJson(path, texts, options);
+        settings.textLists.push_back({pathInProfile(path), texts});
     }
 
 private:

@@ -16,9 +16,9 @@ using Number = std::variant<int, unsigned int, double>;
 std::string numberToText(const Number& number);
 DataFormat::Json numberToJson(const Number& number);
 
-/// A parameter as the document holds it; what the document leaves out at its place is empty.
+/// A parameter as it is in the document; what the document leaves out there is empty.
 struct ProfileParameter {
-    std::string path; ///< from the profile on, such as "lidar.imu_latency"
+    std::string path; ///< within the profile, such as "lidar.imu_latency"
     Number value;
     std::optional<std::string> unit;
     std::optional<std::pair<Number, Number>> range; ///< both inclusive
@@ -29,13 +29,13 @@ struct ProfileParameter {
     bool differsFromDefault() const { return defaultValue && *defaultValue != value; }
 };
 
-/// A list of texts, such as the kinds of terrain that presets are named after.
+/// A list of texts, such as the names of the terrain types.
 struct ProfileTextList {
     std::string path;
     std::vector<std::string> texts;
 };
 
-/// The settings of a profile in the order of the document.
+/// The settings of a profile, in the order of the document.
 struct ProfileSettings {
     std::vector<ProfileParameter> parameters;
     std::vector<ProfileTextList> textLists;

@@ -39,7 +39,7 @@ std::string makeIdentity(const Profile& profile, unsigned int index) {
            makeLine("serial number", orDash(printable(profile.getSerialNumber()))) +
            makeLine("created", DateTimeConversion::toIso8601(profile.getCreationTime())) +
            makeLine("last modified", DateTimeConversion::toIso8601(profile.getLastModificationTime())) +
-           makeLine("place in the document", '[' + std::to_string(index) + ']');
+           makeLine("index in the document", '[' + std::to_string(index) + ']');
 }
 
 std::string makeTrajectory(const Profile& profile) {
@@ -82,7 +82,7 @@ std::string presetsOf(const ProfileParameter& parameter) {
     return joined(presets);
 }
 
-/// The cells of a parameter, but for the presets.
+/// The cells of a parameter, without its presets.
 std::vector<std::string> cellsOf(const ProfileParameter& parameter) {
     const auto& [path, value, unit, range, precision, defaultValue, presets] = parameter;
     return {parameter.differsFromDefault() ? MARK : "",
@@ -93,7 +93,7 @@ std::vector<std::string> cellsOf(const ProfileParameter& parameter) {
             defaultValue ? numberToText(*defaultValue) : "-"};
 }
 
-/// A table of a line each, presets included, for where the width does not matter.
+/// A table with a line for each parameter, presets included, of any width.
 std::string makeWideTable(const std::vector<ProfileParameter>& parameters,
                           std::vector<std::string> headings) {
     headings.push_back("PRESETS");
@@ -109,7 +109,7 @@ std::string makeWideTable(const std::vector<ProfileParameter>& parameters,
     return text;
 }
 
-/// A paragraph each, for a terminal that is too narrow for a table.
+/// A paragraph for each parameter, for a terminal that is too narrow for a table.
 std::string makeParagraphs(const std::vector<ProfileParameter>& parameters) {
     std::string text;
     for (const ProfileParameter& parameter : parameters) {

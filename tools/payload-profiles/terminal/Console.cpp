@@ -17,10 +17,19 @@ void withOutputFailure(const Write& write) {
 
 } // namespace
 
+void Console::conceal(const std::string& text, const std::string& replacement) {
+    if (text != replacement)
+        concealed.emplace_back(text, replacement);
+}
+
 void Console::showMessage(const std::string& subject, const std::string& text) {
     flush();
-    const std::string prefix = subject.empty() ? "" : printable(subject) + ": ";
-    Terminal::writeMessage("payload-profiles: " + prefix + printable(text) + '\n');
+    std::string message = subject.empty() ? text : subject + ": " + text;
+    for (const auto& [secret, replacement] : concealed)
+        for (std::size_t at = 0; (at = message.find(secret, at)) != std::string::npos;
+             at += replacement.size())
+            message.replace(at, secret.size(), replacement);
+    Terminal::writeMessage("payload-profiles: " + printable(message) + '\n');
 }
 
 void Console::finish() {

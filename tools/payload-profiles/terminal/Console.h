@@ -1,13 +1,14 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace norel::Desktop::PayloadProfiles {
 
-/// What the user gets to see: output, held back until it is whole, and messages.
+/// What the user sees: output, buffered until it is complete, and messages.
 class Console {
 public:
     /// The standard output cannot be written.
@@ -17,20 +18,24 @@ public:
 
     void print(std::string_view text) { output += text; }
 
-    /// Forgets what was printed and not yet written.
+    /// Drops what was printed but not yet written.
     void discard() { output.clear(); }
 
-    /// "payload-profiles: SUBJECT: text", after the output so far; both texts are made printable. An empty
-    /// subject is left out. Throws OutputFailure.
+    /// Shows `replacement` wherever `text` occurs in a later message.
+    void conceal(const std::string& text, const std::string& replacement);
+
+    /// Writes "payload-profiles: SUBJECT: text" after the output so far; both texts are made printable. An
+    /// empty subject is left out. Throws OutputFailure.
     void showMessage(const std::string& subject, const std::string& text);
 
-    /// Writes what was printed and ends the output. Throws OutputFailure.
+    /// Writes what was printed and closes the output. Throws OutputFailure.
     void finish();
 
 private:
     void flush();
 
     std::string output;
+    std::vector<std::pair<std::string, std::string>> concealed; ///< texts and their replacements
 };
 
 } // namespace norel::Desktop::PayloadProfiles

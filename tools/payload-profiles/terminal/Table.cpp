@@ -9,8 +9,8 @@
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
-constexpr std::size_t GAP = 2;       // blanks between columns
-constexpr std::size_t NARROWEST = 8; // a column is not shortened below this
+constexpr std::size_t GAP = 2;       // spaces between columns
+constexpr std::size_t NARROWEST = 8; // columns are not made narrower
 
 std::size_t sumOf(const std::vector<std::size_t>& widths) {
     return std::accumulate(widths.begin(), widths.end(), GAP * (widths.size() - 1));

@@ -5,32 +5,33 @@
 #include <string>
 #include <string_view>
 
-/// The process's standard streams and what stands behind them. All that the application needs of POSIX.
+/// The standard streams of the process and the terminals behind them.
 namespace norel::Desktop::PayloadProfiles::Terminal {
 
-/// Makes a closed pipe a failed write instead of a signal, and keeps the place of a standard stream that is
-/// closed from a file opened later. Called before anything else.
+/// Makes writing to a closed pipe, or beyond the limit on a file's size, fail instead of ending the process
+/// with a signal. Keeps the number of a closed standard stream from being given to a file. To be called
+/// before anything else.
 void prepareStandardStreams();
 
-/// The columns of the terminal that shows the output; empty when the output goes elsewhere.
+/// The width in columns of the terminal that shows the output; empty when the output is no terminal.
 std::optional<std::size_t> getOutputWidth();
 
-/// Whether the output goes to a terminal whose user has not refused colour (NO_COLOR, TERM=dumb).
+/// Whether the output is a terminal and the user has not turned colour off (NO_COLOR, TERM=dumb).
 bool takesColour();
 
-/// The columns of the terminal that shows the messages; empty when they go elsewhere.
+/// The width in columns of the terminal that shows the messages; empty when they go to no terminal.
 std::optional<std::size_t> getMessageWidth();
 
 /// Writes all of the text to the standard output. Throws std::system_error.
 void writeOutput(std::string_view text);
 
-/// Ends the output; throws std::system_error for what only then turns out not to be written.
+/// Closes the output. Throws std::system_error for a write error that is reported only now.
 void closeOutput();
 
-/// Writes to the standard error as much of the text as can be written.
+/// Writes the text to the standard error; a write error is ignored.
 void writeMessage(std::string_view text) noexcept;
 
-/// The standard input up to its end. Throws std::system_error.
+/// Reads the standard input to its end. Throws std::system_error.
 std::string readInput();
 
 } // namespace norel::Desktop::PayloadProfiles::Terminal

@@ -15,14 +15,14 @@
 
 namespace norel::Desktop::PayloadProfiles::Test {
 
-/// A new folder in which each test runs the application on files of its own.
+/// Runs the application on files in a new folder.
 class ApplicationTest : public testing::Test {
 protected:
     ApplicationTest() { std::filesystem::create_directories(folder / "captured"); }
     ~ApplicationTest() override { std::filesystem::remove_all(folder); }
 
-    /// Runs "payload-profiles COMMAND", a shell's command line that may redirect, and expects what it writes
-    /// to its standard output and its standard error. `before` goes before it, such as a variable to set.
+    /// Runs "BEFORE payload-profiles COMMAND" in a shell and checks its exit code, standard output and
+    /// standard error.
     void expect(const std::string& command, int exitCode, const std::string& output,
                 const std::string& messages = "", const std::string& before = "") const {
         EXPECT_EQ(run(command, before), exitCode) << command;
@@ -30,14 +30,14 @@ protected:
         EXPECT_EQ(read("captured/messages"), messages) << command;
     }
 
-    /// Runs it and expects success; the result is its output.
+    /// Runs it and checks that it succeeds; the result is its standard output.
     std::string runWell(const std::string& command, const std::string& before = "") const {
         EXPECT_EQ(run(command, before), 0) << command;
         EXPECT_EQ(read("captured/messages"), "") << command;
         return read("captured/output");
     }
 
-    /// A failure of the application that names a file or address, as it goes to the standard error.
+    /// An error message about a file or address, as it is written to the standard error.
     static std::string failure(const std::string& subject, const std::string& message) {
         return "payload-profiles: " + subject + ": " + message + '\n';
     }
@@ -50,7 +50,7 @@ protected:
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
-    /// The names of the files in the folder, with a blank after each.
+    /// The names of the files in the folder, each followed by a space.
     std::string listFiles() const {
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder))
@@ -83,7 +83,7 @@ inline std::string replaced(std::string text, const std::string& part, const std
     return text;
 }
 
-/// A document with the factory profile of that id alone.
+/// A document that contains only the factory profile with this id.
 inline std::string makeDocument(unsigned int id) {
     using DataFormat::Json;
     for (const Json& profile : Json::fromString(Domain::Payloads::DefaultProducts::getSourceDocument()))

@@ -19,23 +19,24 @@ std::string_view getVariable(const char* name) {
     return value == nullptr ? "" : value;
 }
 
-/// The columns of the terminal behind a stream; empty when it is none.
+/// The width in columns of the terminal behind a stream; empty when it is not a terminal.
 std::optional<std::size_t> getWidth(int stream) {
     if (::isatty(stream) == 0)
         return std::nullopt;
-    constexpr std::size_t usualWidth = 80;
+    constexpr std::size_t defaultWidth = 80;
     winsize size{};
     const bool isKnown = ::ioctl(stream, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isKnown ? size.ws_col : usualWidth;
+    return isKnown ? size.ws_col : defaultWidth;
 }
 
 } // namespace
 
 void prepareStandardStreams() {
-    std::signal(SIGPIPE, SIG_IGN);
+    for (const int signal : {SIGPIPE, SIGXFSZ})
+        std::signal(signal, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF) {
-            // Open the wrong way round, so that using it fails as using the closed one does.
+            // Opened for the other direction, so that using it fails as using a closed stream does.
             [[maybe_unused]] const int filler =
                 ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
         }

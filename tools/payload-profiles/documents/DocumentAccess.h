@@ -1,0 +1,18 @@
+#pragma once
+
+#include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
+#include "norel/Desktop/Storage/DurableTextFileStorage.h"
+
+#include <memory>
+
+namespace norel::Desktop::PayloadProfiles {
+
+using namespace Domain::Payloads;
+
+/// What files are read and written with, and documents turned into lists and back.
+struct DocumentAccess {
+    std::shared_ptr<Storage::TextFileStorage> textFiles = std::make_shared<Storage::DurableTextFileStorage>();
+    std::shared_ptr<ProfileListSerializer> serializer = std::make_shared<JsonProfileListSerializer>();
+};
+
+} // namespace norel::Desktop::PayloadProfiles
