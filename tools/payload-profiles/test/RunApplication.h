@@ -62,6 +62,9 @@ protected:
         return list;
     }
 
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("payload-profiles-test-" + std::to_string(::getpid()));
+
 private:
     int run(const std::string& command, const std::string& before) const {
         const std::string line = "cd '" + folder.string() +
@@ -71,9 +74,6 @@ private:
         const int status = std::system(line.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
-
-    const std::filesystem::path folder =
-        std::filesystem::temp_directory_path() / ("payload-profiles-test-" + std::to_string(::getpid()));
 };
 
 inline std::string replaced(std::string text, const std::string& part, const std::string& replacement) {

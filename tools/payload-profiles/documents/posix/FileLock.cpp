@@ -104,13 +104,15 @@ std::string describeHolder(const fs::path& lockFile) {
 
 FileLock::FileLock(const fs::path& file, std::chrono::seconds wait)
     : lockFile(makeLockPath(file)), handle(NOT_NEEDED) {
-    constexpr std::chrono::milliseconds pause(10);
     const Clock::time_point start = Clock::now();
     std::optional<int> descriptor;
     while (!(descriptor = tryToLock(lockFile))) {
-        if (Clock::now() - start >= wait)
+        const auto waited = Clock::now() - start;
+        if (waited >= wait)
             throw TimedOut("still locked by " + describeHolder(lockFile));
-        std::this_thread::sleep_for(pause);
+        // Who has waited longer asks more often, and so has a better chance.
+        std::this_thread::sleep_for(std::chrono::microseconds(20000) /
+                                    (1 + waited / std::chrono::seconds(1)));
     }
     handle = *descriptor;
 }
