@@ -12,9 +12,14 @@ enum class ExitCode { Success = 0, FailuresFound = 1, Error = 2 };
 
 /// What every command works with.
 struct Context {
+    Context() = default;
+    Context(const Context&) = delete;
+    Context& operator=(const Context&) = delete;
+
     Console console;
     ExitCode exitCode = ExitCode::Success; ///< of a command that ends without an exception
-    DocumentAccess documents;
+    DocumentAccess documents{std::make_shared<Storage::DurableTextFileStorage>(
+        [this](const std::string& notice) { console.showMessage("", notice); })};
     std::shared_ptr<DateTime::ClockProvider> clock = std::make_shared<DateTime::SystemClockProvider>();
 };
 

@@ -81,26 +81,13 @@ std::string chooseBackup(const Context& context, const UpgradeArguments& argumen
     return backup;
 }
 
-/// Creates the backup, which must not exist, with at most the readers of the original at any time.
-void createBackup(const Context& context, const std::string& file, const std::string& backup,
-                  const std::string& text) {
-    createEmptyFile(backup);
-    try {
-        fs::permissions(backup, fs::status(file).permissions());
-        context.documents.textFiles->write(backup, text);
-    } catch (...) {
-        std::error_code ignored;
-        fs::remove(backup, ignored);
-        throw;
-    }
-}
-
+/// The backup has at most the readers of the original at any time.
 void makeBackup(const Context& context, const std::string& file, const std::string& backup,
                 const std::string& text) {
     if (!readBackup(context, backup).empty())
         return; // it has the same text
     fs::remove(backup);
-    createBackup(context, file, backup, text);
+    context.documents.textFiles->create(backup, text, file);
 }
 
 void upgradeFrom(Context& context, const UpgradeArguments& arguments, unsigned int from,

@@ -11,7 +11,7 @@ using namespace Domain::Payloads;
 
 /// What files are read and written with, and documents turned into lists and back.
 struct DocumentAccess {
-    std::shared_ptr<Storage::TextFileStorage> textFiles = std::make_shared<Storage::DurableTextFileStorage>();
+    std::shared_ptr<Storage::DurableTextFileStorage> textFiles;
     std::shared_ptr<ProfileListSerializer> serializer = std::make_shared<JsonProfileListSerializer>();
 };
 

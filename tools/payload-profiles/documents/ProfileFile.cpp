@@ -7,8 +7,6 @@
 #include "norel/Desktop/Domain/Payloads/UseCase/GetProfileListFromStorage.h"
 #include "terminal/Text.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <system_error>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -29,7 +27,8 @@ FileLock lockExpected(const std::string& file, FileToChange::Expected expected, 
 }
 
 /// Creates the file where it is missing and may be; the result tells whether it did.
-bool createIfMissing(const std::string& file, FileToChange::Expected expected) {
+bool createIfMissing(const DocumentAccess& documents, const std::string& file,
+                     FileToChange::Expected expected) {
     using Expected = FileToChange::Expected;
     if (expected == Expected::File) {
         requireFile(file); // once more: it may have gone before it was locked
@@ -40,7 +39,7 @@ bool createIfMissing(const std::string& file, FileToChange::Expected expected) {
             requireNoFile(file);
         if (fs::exists(file))
             return false;
-        createEmptyFile(file);
+        documents.textFiles->create(followLinks(file), ""); // never one that another process just made
         return true;
     });
 }
@@ -88,18 +87,11 @@ FileLock lockFile(const std::string& file, std::chrono::seconds wait) {
     });
 }
 
-void createEmptyFile(const std::string& file) {
-    std::FILE* const created = std::fopen(followLinks(file).string().c_str(), "wx");
-    if (created == nullptr)
-        throw std::system_error(errno, std::generic_category(), "cannot create \"" + file + '"');
-    std::fclose(created);
-}
-
 FileToChange::FileToChange(const DocumentAccess& documents, const std::string& name, Expected expected,
                            std::chrono::seconds wait)
     : file(name),
       lock(lockExpected(name, expected, wait)),
-      isCreated(createIfMissing(name, expected)),
+      isCreated(createIfMissing(documents, name, expected)),
       storage(openStorage(documents, name)) {}
 
 FileToChange::~FileToChange() {

@@ -30,10 +30,6 @@ void requireChangeable(const std::string& file);
 /// when the file is still locked after the wait, and for a source that cannot be changed.
 FileLock lockFile(const std::string& file, std::chrono::seconds wait);
 
-/// Creates an empty file where none exists, never touching one that another process has just created. Throws
-/// std::system_error.
-void createEmptyFile(const std::string& file);
-
 /// A file that a command reads, changes and writes under one lock. All operations throw Failure.
 class FileToChange {
 public:
