@@ -1,3 +1,4 @@
+#include "Outcome.h"
 #include "Sample.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 
@@ -8,41 +9,16 @@
 #include <random>
 #include <regex>
 #include <sstream>
-#include <typeinfo>
 
 /// The serializer itself reads and writes without JSON values where the host can; a derived one always uses
 /// them. Both must give the same results and errors, and those that releases before gave.
 namespace norel::Desktop::Domain::Payloads::Test {
 namespace {
 
-class DerivedSerializer : public JsonProfileListSerializer {};
-
 std::string readFile(const std::filesystem::path& path) {
     std::ostringstream text;
     text << std::ifstream(path, std::ios::binary).rdbuf();
     return text.str();
-}
-
-/// What becomes of a text: the list, written again, or the type and message of the error.
-std::string outcomeOf(const JsonProfileListSerializer& serializer, const std::string& text) {
-    const auto describe = [](const char* type, const std::exception& error) {
-        return std::string(type) + ": " + error.what();
-    };
-    try {
-        return serializer.serialize(serializer.deserialize(text));
-    } catch (const ProfileListSerializer::ParsingError& error) {
-        return describe("ParsingError", error);
-    } catch (const Profile::InvalidProfile& error) {
-        return describe("InvalidProfile", error);
-    } catch (const DataFormat::Json::IncompatibleTypeError& error) {
-        return describe("IncompatibleTypeError", error);
-    } catch (const DataFormat::Json::JsonError& error) {
-        return describe("JsonError", error);
-    } catch (const std::invalid_argument& error) {
-        return describe("invalid_argument", error);
-    } catch (const std::runtime_error& error) {
-        return describe("runtime_error", error);
-    }
 }
 
 /// Compares what becomes of texts, and computes a digest of it all (FNV-1a), by which it is compared with
