@@ -13,9 +13,10 @@ function(norel_configure_target target)
         return()
     endif()
     target_compile_options(${target} PRIVATE
-        -Wall -Wextra -Wpedantic -Wold-style-cast -Wimplicit-fallthrough
+        -Wall -Wextra -Wpedantic -Wold-style-cast -Wimplicit-fallthrough -Wshadow -Wconversion -Wsign-conversion
+        -Woverloaded-virtual -Wnon-virtual-dtor
         $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:-Werror>
-        -fno-plt) # the libraries call one another for every member of a document
+        -fno-plt -fno-semantic-interposition) # a document is read and written by very many small calls
     if(NOREL_SANITIZERS)
         target_compile_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS} -fno-sanitize-recover=all)
         target_link_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS})

@@ -100,9 +100,8 @@ private:
         add(text, value, value + " ");
     }
     void visit(std::vector<std::string>& texts, std::size_t /*item*/) {
-        using Texts = std::vector<std::string>;
         const std::string text = "text " + std::to_string(nextNumber());
-        add(texts, Texts{text, "a"}, Texts{"a", text});
+        add(texts, {text, "a"}, {"a", text});
     }
     void visit(unsigned int& number, std::size_t /*item*/) {
         add(number, static_cast<unsigned int>(nextNumber()), 0U);

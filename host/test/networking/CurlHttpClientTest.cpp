@@ -117,8 +117,8 @@ std::string outcomeOf(HttpClient& client, const std::vector<std::string>& answer
 }
 
 /// The default options with one changed.
-template <typename Member, typename Value>
-Options with(Member Options::*member, const Value& value) {
+template <typename Member>
+Options with(Member Options::*member, const std::type_identity_t<Member>& value) {
     Options options;
     options.*member = value;
     return options;

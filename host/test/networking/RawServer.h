@@ -67,7 +67,7 @@ private:
             std::size_t next = 0;
             while (next < pieces.size() && !isStopping && send(peer, pieces[next])) {
                 std::this_thread::sleep_for(pause);
-                next += isEndless && next + 1 == pieces.size() ? 0 : 1;
+                next += isEndless && next + 1 == pieces.size() ? 0U : 1U;
             }
             ::close(peer);
         }

@@ -70,21 +70,28 @@ TYPED_TEST(ParameterOf, ReportsTheFirstRuleThatFails) {
 }
 
 TYPED_TEST(ParameterOf, EqualsOneWithAllSevenFieldsEqual) {
-    using Builder = typename TestFixture::Builder;
-    Builder builder{3, 1, 9, 2, {}, 0.1, "deg"};
+    using ParameterBuilder = typename Parameter<TypeParam>::Builder;
+    ParameterBuilder builder{3, 1, 9, 2, {}, 0.1, "deg"};
     builder.presets["b"] = 4;
     builder.presets["a"] = 5;
     const Parameter<TypeParam> parameter = builder.build();
-    EXPECT_TRUE(parameter == Builder({3, 1, 9, 2, {{"a", 5}, {"b", 4}}, 0.1, "deg"}).build());
-    const std::function<void(Builder&)> changes[] = {
-        [](Builder& b) { b.value = 4; },          [](Builder& b) { b.minimum = 0; },
-        [](Builder& b) { b.maximum = 8; },        [](Builder& b) { b.defaultValue = 3; },
-        [](Builder& b) { b.presets["a"] = 4; },   [](Builder& b) { b.presets["c"] = 4; },
-        [](Builder& b) { b.presets.erase("a"); }, [](Builder& b) { b.presets = {{"a", 5}, {"B", 4}}; },
-        [](Builder& b) { b.precision = 1; },      [](Builder& b) { b.unit = ""; },
+    EXPECT_TRUE(parameter == ParameterBuilder({3, 1, 9, 2, {{"a", 5}, {"b", 4}}, 0.1, "deg"}).build());
+    const std::function<void(ParameterBuilder&)> changes[] = {
+        [](ParameterBuilder& b) { b.value = 4; },
+        [](ParameterBuilder& b) { b.minimum = 0; },
+        [](ParameterBuilder& b) { b.maximum = 8; },
+        [](ParameterBuilder& b) { b.defaultValue = 3; },
+        [](ParameterBuilder& b) { b.presets["a"] = 4; },
+        [](ParameterBuilder& b) { b.presets["c"] = 4; },
+        [](ParameterBuilder& b) { b.presets.erase("a"); },
+        [](ParameterBuilder& b) {
+            b.presets = {{"a", 5}, {"B", 4}};
+        },
+        [](ParameterBuilder& b) { b.precision = 1; },
+        [](ParameterBuilder& b) { b.unit = ""; },
     };
     for (const auto& change : changes) {
-        Builder changed = builder;
+        ParameterBuilder changed = builder;
         change(changed);
         EXPECT_TRUE(parameter != changed.build());
     }

@@ -188,6 +188,7 @@ TEST(Serializer, LetsADerivedOneOverrideASectionWhereverItOccurs) {
 TEST(Serializer, LetsADerivedOneOverrideTheList) {
     struct Inheriting : Serializer {};
     struct Counting : Serializer {
+        using Serializer::toJson;
         Json toJson(const ProfileList& value, Options /*options*/) const override {
             return Json(static_cast<int>(value.list().size()));
         }

@@ -17,7 +17,7 @@ constexpr unsigned int NONE = Profile::ID_IS_UNASSIGNED;
 
 /// A list in memory that counts what is done to it. `fail...` come before anything is done.
 struct MemoryStorage : ProfileListStorage {
-    explicit MemoryStorage(const ProfileList& list) : list(list) {}
+    explicit MemoryStorage(const ProfileList& initial) : list(initial) {}
 
     void remove() override { ADD_FAILURE() << "nobody removes the document"; }
     ProfileList read() override {
