@@ -126,8 +126,8 @@ TEST_F(UpgradeCommandTest, LeavesTheFileUnchangedOnFailure) {
     }
     write("old.json", old);
     const std::string smallDisk = "ulimit -f 2;";
-    expect("upgrade old.json", 2, "", failure("old.json", "cannot create \"old.json.v2.bak\": File too large"),
-           smallDisk);
+    expect("upgrade old.json", 2, "",
+           failure("old.json", "cannot create \"old.json.v2.bak\": File too large"), smallDisk);
     expect("upgrade old.json --no-backup", 2, "",
            failure("old.json", "cannot write \"old.json\": File too large"), smallDisk);
     expect("upgrade old.json --from 1 --to 5 --dry-run >&-", 2, "",
