@@ -3,20 +3,21 @@
 #include "norel/Desktop/Domain/Payloads/Access.h"
 
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
 
 struct ValueAccess {
-    /// The type that holds the fields of a value.
-    template <typename Value>
-    using Fields = typename Value::Fields;
-
     /// The fields in place, where a getter would copy them.
     template <typename Value>
     static const auto& fieldsOf(const Value& value) {
         return value.fields;
     }
+
+    /// The type of the fields of a value.
+    template <typename Value>
+    using Fields = std::remove_cvref_t<decltype(fieldsOf(std::declval<const Value&>()))>;
 
     template <typename List>
     static const auto& profilesOf(const List& list) {
