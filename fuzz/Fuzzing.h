@@ -13,7 +13,7 @@ namespace norel::Fuzzing {
 
 inline std::string toText(const std::uint8_t* data, std::size_t size) { return {data, data + size}; }
 
-/// Reports the input to libFuzzer when `isTrue` does not hold.
+/// Reports the input to libFuzzer unless `isTrue`.
 inline void require(bool isTrue, const char* claim) {
     if (isTrue)
         return;

@@ -16,17 +16,16 @@ namespace {
 
 using Tree = nlohmann::ordered_json;
 
-/// What a Json is compared with: a tree that no copy shares and, for a view, the keys that lead to its
-/// member.
+/// The reference for a Json: a tree that copies do not share and, for a view, the path of keys to its member.
 struct Model {
     std::shared_ptr<Tree> root = std::make_shared<Tree>();
     std::vector<std::string> path = {};
 
     Tree& get() const {
-        Tree* place = root.get();
+        Tree* node = root.get();
         for (const std::string& key : path)
-            place = &place->at(key);
-        return *place;
+            node = &node->at(key);
+        return *node;
     }
 };
 

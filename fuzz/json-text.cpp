@@ -18,7 +18,7 @@ std::size_t depthOf(const Tree& tree) {
     return depth + (tree.is_structured() ? 1 : 0);
 }
 
-/// The text as the JSON library reads it; nothing when it refuses it.
+/// The text as parsed by the JSON library; empty when that fails.
 std::optional<Tree> parse(const std::string& text) {
     try {
         return Tree::parse(text);
@@ -38,10 +38,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     try {
         json = Json::fromString(text);
     } catch (const Json::JsonError&) {
-        require(!expected || depthOf(*expected) > Json::MAXIMUM_DEPTH, "what is JSON is read");
+        require(!expected || depthOf(*expected) > Json::MAXIMUM_DEPTH, "a JSON text is accepted");
         return 0;
     }
-    require(expected.has_value(), "what is read is JSON");
+    require(expected.has_value(), "an accepted text is JSON");
     const std::string written = json.toString(-1);
     require(written == expected->dump(), "a value is written as the JSON library writes it");
     require(json.toString(4) == expected->dump(4),

@@ -10,8 +10,7 @@ namespace {
 
 constexpr unsigned int FIRST_STEP = 2, STEPS = 4;
 
-/// The factory document of the version with one product alone, one that has a lidar: a whole one takes long
-/// to read.
+/// The factory document of the version, reduced to one product with a lidar: reading all of them takes long.
 std::string makeDefaults(unsigned int version) {
     const Json document = Json::fromString(DefaultProducts::getSourceDocumentFromVersionInfo(version));
     const auto end = document.end();
@@ -39,15 +38,15 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         try {
             upgrade();
         } catch (const Json::JsonError&) {
-            require(file == text, "a failed step leaves the file");
+            require(file == text, "a failed step leaves the file unchanged");
             continue;
         } catch (const std::invalid_argument&) {
-            require(file == text, "a failed step leaves the file");
+            require(file == text, "a failed step leaves the file unchanged");
             continue;
         }
         const std::string upgraded = file;
         upgrade();
-        require(file == upgraded, "a step that is repeated changes nothing");
+        require(file == upgraded, "repeating a step changes nothing");
     }
     return 0;
 }

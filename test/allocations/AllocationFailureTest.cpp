@@ -8,13 +8,13 @@ namespace norel::Desktop::Domain::Payloads::Test {
 namespace {
 
 using DataFormat::Json;
-using Desktop::Test::expectWholeWhateverAllocationFails;
 using Desktop::Test::InMemoryTextFileStorage;
 using Desktop::Test::MemoryShortage;
+using Desktop::Test::runWithEachAllocationFailing;
 
 const JsonProfileListSerializer serializer;
 
-/// A list in memory, replaced whole.
+/// A list in memory, which a write replaces entirely or not at all.
 struct MemoryStorage : ProfileListStorage {
     explicit MemoryStorage(const ProfileList& stored) : list(stored) {}
 
@@ -25,11 +25,11 @@ struct MemoryStorage : ProfileListStorage {
     ProfileList list;
 };
 
-/// Runs `change` on a copy of `before`, which it must make `after` or leave as it is.
+/// Runs `change` on a copy of `before`, which must then equal `after`, or still `before` if `change` failed.
 template <typename Value, typename Change>
 void expectAllOrNothing(const char* name, const Value& before, const Value& after, const Change& change) {
     SCOPED_TRACE(name);
-    expectWholeWhateverAllocationFails([&](MemoryShortage& shortage) {
+    runWithEachAllocationFailing([&](MemoryShortage& shortage) {
         Value value = before;
         const bool isChanged = shortage.allows([&] { change(value); });
         EXPECT_TRUE(value == (isChanged ? after : before));
@@ -60,7 +60,7 @@ TEST(AllocationFailure, OfChangingAList) {
 
 TEST(AllocationFailure, OfMerging) {
     const ProfileList before = makeList({{1, "a"}}), after = makeList({{1, "a"}, {2, "b"}, {3, "c"}});
-    expectWholeWhateverAllocationFails([&](MemoryShortage& shortage) {
+    runWithEachAllocationFailing([&](MemoryShortage& shortage) {
         const auto source = std::make_shared<MemoryStorage>(makeList({{1, "b"}, {3, "c"}}));
         const auto destination = std::make_shared<MemoryStorage>(before);
         const bool isMerged =
@@ -79,7 +79,7 @@ TEST(AllocationFailure, OfUpgrading) {
     file = before;
     upgrade();
     const std::string after = file;
-    expectWholeWhateverAllocationFails([&](MemoryShortage& shortage) {
+    runWithEachAllocationFailing([&](MemoryShortage& shortage) {
         file = before;
         const bool isUpgraded = shortage.allows(upgrade);
         EXPECT_EQ(file, isUpgraded ? after : before);
@@ -89,7 +89,7 @@ TEST(AllocationFailure, OfUpgrading) {
 TEST(AllocationFailure, OfJsonViews) {
     const std::string before = R"({"a":{"b":{"c":"a text that needs memory"}},"d":[1,2,{"e":null}]})";
     const std::string after = R"({"a":{"b":{"c":[1,2,{"e":null}]}},"d":[1,2,{"e":null}]})";
-    expectWholeWhateverAllocationFails([&](MemoryShortage& shortage) {
+    runWithEachAllocationFailing([&](MemoryShortage& shortage) {
         Json document = Json::fromString(before);
         const Json copy = document;
         const bool isChanged = shortage.allows([&] {

@@ -8,10 +8,11 @@
 
 namespace norel::Desktop::Test {
 
-/// Makes one allocation of the program fail, or all from one on. One thread only.
+/// Makes one allocation of the program fail, or all from a given one on. For single-threaded tests.
 class MemoryShortage {
 public:
-    /// The allocation number `firstFailure`, counted from 0, fails; and all after it when `failsFromThere`.
+    /// Allocation number `firstFailure`, counted from 0, fails, and with `failsFromThere` all later ones do
+    /// too.
     MemoryShortage(std::size_t firstFailure, bool failsFromThere)
         : first(firstFailure), isLasting(failsFromThere) {}
 
@@ -19,10 +20,10 @@ public:
     /// or the test has failed.
     bool allows(const std::function<void()>& operation);
 
-    /// How many allocations were asked for.
+    /// The number of allocations requested.
     std::size_t allocations() const { return count; }
 
-    /// Counts one more allocation; whether it succeeds.
+    /// Counts an allocation and returns whether it may succeed.
     bool allocate() { return isLasting ? count++ < first : count++ != first; }
 
 private:
@@ -31,10 +32,10 @@ private:
     std::size_t count = 0;
 };
 
-/// Runs `scenario` with every allocation of it failing in turn, alone and with all that follow, until it asks
-/// for less. Of more than a thousand allocations a sample fails.
+/// Runs `scenario` once for each of its allocations, which fails alone, and once more for each, which fails
+/// together with all later ones. Of more than a thousand allocations only a sample is tried.
 template <typename Scenario>
-void expectWholeWhateverAllocationFails(const Scenario& scenario) {
+void runWithEachAllocationFailing(const Scenario& scenario) {
     constexpr std::size_t SAMPLES = 1000;
     MemoryShortage none(static_cast<std::size_t>(-1), false);
     scenario(none);

@@ -9,7 +9,7 @@ namespace {
 
 using namespace Domain::Payloads;
 
-/// Some platforms compare type information by address, so every library must share that of the exception.
+/// Some platforms compare type information by address, so all libraries must share that of an exception.
 template <typename Exception>
 void expectSharedType(int kind, const std::function<void()>& throwInPayloads) {
     EXPECT_THROW(throwAcrossLibraries(kind), Exception);

@@ -1,4 +1,5 @@
-# Installs the build, moves the result elsewhere, builds the example against it in both ways and runs it.
+# Installs the build, moves the installation to another folder, builds the example against it with CMake and with
+# pkg-config, and runs it.
 
 function(run)
     execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${WORK} RESULT_VARIABLE result OUTPUT_VARIABLE output

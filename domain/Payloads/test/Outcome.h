@@ -11,7 +11,7 @@ namespace norel::Desktop::Domain::Payloads::Test {
 /// Always reads and writes with JSON values, as any part of a derived serializer may be overridden.
 class DerivedSerializer : public JsonProfileListSerializer {};
 
-/// What becomes of a text: the list, written again, or the type and message of the error.
+/// The outcome of reading a text: the list, serialized again, or the type and message of the error.
 inline std::string outcomeOf(const JsonProfileListSerializer& serializer, const std::string& text) {
     const auto describe = [](const char* type, const std::exception& error) {
         return std::string(type) + ": " + error.what();

@@ -11,16 +11,16 @@
 
 namespace norel::Desktop::Domain::Payloads::Test {
 
-/// A member at the bottom of a Builder; its value is unique.
+/// A member of a Builder or of one of its nested Builders, with a value that no other leaf has.
 struct Leaf {
-    std::function<void()> reset;      ///< assigns its own value
+    std::function<void()> reset;      ///< assigns its original value
     std::function<void()> change;     ///< assigns another valid value
-    std::function<void()> invalidate; ///< makes it invalid; empty without a rule
-    std::string message;              ///< of the invalid member
+    std::function<void()> invalidate; ///< makes it invalid; empty when it has no rule
+    std::string message;              ///< the error when it is invalid
 };
 
-/// Fills a Builder with all its optionals and lists, and lists its leaves in the order in which they must be
-/// built. The Builder must not be moved.
+/// Fills a Builder, including all optionals and lists, and lists its leaves in the order in which they must
+/// be built. The Builder must not be moved while its leaves are in use.
 class Sample {
 public:
     template <typename Builder>
@@ -43,7 +43,7 @@ private:
         add({[&member, value] { member = value; }, [&member, other] { member = other; }, {}, {}});
     }
 
-    /// `item` is the index in the list that the Builder is in.
+    /// `item` is the index of the Builder in its list.
     template <typename Builder>
     void visit(Builder& builder, std::size_t item) {
         using Value = decltype(builder.build());
@@ -55,14 +55,14 @@ private:
 
     template <typename Builder, typename Member, typename Getter>
     void visitRow(Builder& builder, const Row<Member, Getter>& row, std::size_t item) {
-        if (!row.refusal)
+        if (!row.errorPrefix)
             return visit(builder.*row.member, item);
         if constexpr (is<Member, std::string Builder::*>) {
             std::string& text = builder.*row.member;
             const std::string wrong = "wrong " + std::to_string(nextNumber());
             add(text, std::string(row.valid[item]), std::string(row.valid[2]));
             leaves.back().invalidate = [&text, wrong] { text = wrong; };
-            leaves.back().message = std::string(row.refusal) + " \"" + wrong + "\" is invalid";
+            leaves.back().message = std::string(row.errorPrefix) + " \"" + wrong + "\" is invalid";
         }
     }
 
@@ -115,8 +115,8 @@ private:
     template <typename Builder>
     void visit(std::optional<Builder>& optional, std::size_t item) {
         visit(optional.emplace(), item);
-        const auto kept = std::make_shared<std::optional<Builder>>();
-        const auto exchange = [&optional, kept] { kept->swap(optional); };
+        const auto other = std::make_shared<std::optional<Builder>>();
+        const auto exchange = [&optional, other] { other->swap(optional); };
         leaves.push_back({exchange, exchange, {}, {}});
     }
 
@@ -126,7 +126,7 @@ private:
         const std::size_t first = leaves.size();
         visit(items[0], 0);
         visit(items[1], 1);
-        // Which field of view is the default, not one alone can change.
+        // Exactly one field of view must be the default, so the flag of one alone cannot change.
         for (std::size_t i = first; is<Builder, FieldOfView::Builder> && i < leaves.size(); ++i)
             if (!leaves[i].invalidate)
                 leaves[i].change = nullptr;

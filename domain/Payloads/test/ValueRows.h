@@ -6,18 +6,19 @@
 #include <tuple>
 #include <type_traits>
 
-/// The members of each value type in the order in which they must be built, each with what gets it.
+/// The members of each value type, with their getters, in the order in which they must be built.
 namespace norel::Desktop::Domain::Payloads::Test {
 
 using Texts = std::array<const char*, 3>;
 
-/// A text with a rule has valid texts, and the beginning of the message for invalid ones.
+/// For a string with a rule, `valid` holds valid values and `errorPrefix` how the message for an invalid one
+/// begins.
 template <typename Member, typename Getter>
 struct Row {
     Member member;
     Getter getter;
     Texts valid{};
-    const char* refusal = nullptr;
+    const char* errorPrefix = nullptr;
 };
 template <typename Member, typename Getter>
 Row(Member, Getter, Texts = {}, const char* = nullptr) -> Row<Member, Getter>;
@@ -25,7 +26,7 @@ Row(Member, Getter, Texts = {}, const char* = nullptr) -> Row<Member, Getter>;
 template <typename V, typename Value>
 constexpr bool is = std::is_same_v<V, Value>;
 
-/// Of the settings of the processing steps.
+/// The rows of a type of processing settings.
 template <typename V>
 constexpr auto processingRowsOf() {
     using B = typename V::Builder;

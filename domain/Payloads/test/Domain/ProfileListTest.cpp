@@ -14,7 +14,7 @@ using testing::ElementsAre;
 using testing::Pair;
 constexpr unsigned int NONE = Profile::ID_IS_UNASSIGNED;
 
-TEST(ProfileList, NumbersProfilesAsTheyAreAdded) {
+TEST(ProfileList, AssignsIdsToAddedProfiles) {
     const std::pair<std::vector<unsigned int>, std::vector<unsigned int>> cases[] = {
         {{0, NONE}, {0, 1}},
         {{7, 7, NONE}, {7, 8, 9}},
@@ -22,19 +22,19 @@ TEST(ProfileList, NumbersProfilesAsTheyAreAdded) {
         {{NONE, NONE, 1, 3, 3}, {1, 2, 3, 4, 5}},
         {{4294967293U, NONE, NONE, 9, NONE}, {4294967293U, 4294967294U, 4294967295U, 9, 0}},
         {{4294967294U, NONE, NONE, NONE, 0},
-         {4294967294U, 4294967295U, 0, 0, 0}}, // wraps, and may then repeat
+         {4294967294U, 4294967295U, 0, 0, 0}}, // wraps around; ids may then repeat
     };
     for (const auto& [given, expected] : cases) {
         ProfileList list;
-        std::vector<unsigned int> callers, stored;
+        std::vector<unsigned int> assigned, stored;
         for (const unsigned int id : given) {
             Profile profile = makeProfile(id, "name").build();
             list.add(profile);
-            callers.push_back(profile.getId());
+            assigned.push_back(profile.getId());
         }
         for (const Profile& profile : list)
             stored.push_back(profile.getId());
-        EXPECT_EQ(callers, expected);
+        EXPECT_EQ(assigned, expected);
         EXPECT_EQ(stored, expected);
     }
 }
@@ -58,7 +58,7 @@ TEST(ProfileList, ReusesTheLargestIdOnceItsProfileIsRemoved) {
     EXPECT_THAT(idsAndNames(list), ElementsAre(Pair(1, "e"), Pair(2, "e")));
 }
 
-TEST(ProfileList, ActsOnTheFirstProfileOfAnIdOrName) {
+TEST(ProfileList, UsesTheFirstProfileWithAnIdOrName) {
     ProfileList list =
         makeList({{4294967294U, "a"}, {NONE, "a"}, {NONE, "c"}, {NONE, "d"}}); // the last two are both 0
     list.update(makeProfile(0, "e").build());
@@ -75,7 +75,7 @@ TEST(ProfileList, ActsOnTheFirstProfileOfAnIdOrName) {
     EXPECT_TRUE(list.get(0) == list.end());
 }
 
-TEST(ProfileList, FindsNamesByteForByte) {
+TEST(ProfileList, ComparesNamesByteForByte) {
     const ProfileList list = makeList({{1, "Korvane"}});
     EXPECT_TRUE(list.existByName("Korvane"));
     for (const char* name : {"korvane", "Korvane ", "Korvan", ""}) {
@@ -84,14 +84,14 @@ TEST(ProfileList, FindsNamesByteForByte) {
     }
 }
 
-TEST(ProfileList, EqualsAListOfEqualProfilesInTheSameOrder) {
+TEST(ProfileList, ComparesProfilesAndTheirOrder) {
     const ProfileList list = makeList({{1, "a"}, {2, "b"}});
     EXPECT_TRUE(list == makeList({{1, "a"}, {2, "b"}}));
     EXPECT_TRUE(list != makeList({{2, "b"}, {1, "a"}}));
     EXPECT_TRUE(list != makeList({{1, "a"}}));
-    ProfileList reached = makeList({{1, "a"}, {7, "c"}, {2, "b"}});
-    reached.remove(7);
-    EXPECT_TRUE(list == reached);
+    ProfileList reduced = makeList({{1, "a"}, {7, "c"}, {2, "b"}});
+    reduced.remove(7);
+    EXPECT_TRUE(list == reduced);
 }
 
 TEST(ProfileList, WorksWithStandardAlgorithmsAndRanges) {

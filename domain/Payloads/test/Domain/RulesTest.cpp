@@ -3,14 +3,14 @@
 #include <gmock/gmock.h>
 #include <limits>
 
-/// The rules that belong to one type, and what comes before what.
+/// The rules of the individual types and the order in which they are checked.
 namespace norel::Desktop::Domain::Payloads::Test {
 namespace {
 
 using testing::ThrowsMessage;
 
 template <typename Error = std::invalid_argument, typename Builder>
-void expectRefused(const Builder& builder, const std::string& message) {
+void expectRejected(const Builder& builder, const std::string& message) {
     EXPECT_THAT([&] { builder.build(); }, ThrowsMessage<Error>(message));
 }
 
@@ -21,13 +21,13 @@ Builder makeSample() {
     return builder;
 }
 
-TEST(FieldOfViewRange, IsAnyRangeInDegrees) {
+TEST(FieldOfViewRange, AcceptsAnyRangeInDegrees) {
     using Range = FieldOfViewRange::Builder;
     const std::string unit = "Profile FieldOfViewRange: unit must be \"deg\"";
-    expectRefused(Range{1.5, -2, "m"},
-                  "Profile FieldOfViewRange: minimum (1.5) must be smaller or equal to maximum (-2)");
-    for (const char* refused : {"", "DEG", "deg ", " deg", "de"})
-        expectRefused(Range{0, 1, refused}, unit);
+    expectRejected(Range{1.5, -2, "m"},
+                   "Profile FieldOfViewRange: minimum (1.5) must be smaller or equal to maximum (-2)");
+    for (const char* rejected : {"", "DEG", "deg ", " deg", "de"})
+        expectRejected(Range{0, 1, rejected}, unit);
     const FieldOfViewRange range = Range{-200, 35, "deg"}.build();
     EXPECT_EQ(range.getMinimum(), -200);
     EXPECT_EQ(range.getMaximum(), 35);
@@ -36,7 +36,7 @@ TEST(FieldOfViewRange, IsAnyRangeInDegrees) {
     EXPECT_TRUE(range != (Range{-200, 36, "deg"}.build()));
 }
 
-TEST(FieldOfViews, AreOneOrMoreWithOneDefaultAndNoViewTwice) {
+TEST(FieldOfViews, RequireExactlyOneDefaultAndUniqueViews) {
     using Item = FieldOfView::Builder;
     const auto item = [](double minimum, double maximum, bool isDefault, double filter = 1) {
         return Item{{minimum, maximum, "deg"}, {-filter, filter, "deg"}, isDefault};
@@ -63,20 +63,20 @@ TEST(FieldOfViews, AreOneOrMoreWithOneDefaultAndNoViewTwice) {
         if (message.empty()) {
             EXPECT_NO_THROW(FieldOfViews::Builder{items}.build());
         } else
-            expectRefused(FieldOfViews::Builder{items}, message);
+            expectRejected(FieldOfViews::Builder{items}, message);
     }
 }
 
-TEST(FieldOfViews, OfAHugeListAreCheckedInNoTime) {
+TEST(FieldOfViews, AreCheckedQuicklyInALongList) {
     FieldOfViews::Builder builder;
     for (int i = 0; i < 50000; ++i)
         builder.listOfFieldOfViews.push_back({{-1.0 * i, 1, "deg"}, {0, 0, "deg"}, i == 0});
     EXPECT_EQ(builder.build().getListOfFieldOfViews().size(), 50000U);
     builder.listOfFieldOfViews.back().view = {-5, 1, "deg"};
-    expectRefused(builder, "Profile FieldOfViews: all FieldOfView must be unique");
+    expectRejected(builder, "Profile FieldOfViews: all FieldOfView must be unique");
 }
 
-TEST(Cameras, HaveAnOrientationOfTheSetAtMostOnce) {
+TEST(Cameras, RequireSupportedAndUniqueOrientations) {
     const auto build = [](const std::vector<std::string>& orientations) {
         Cameras::Builder builder;
         for (const std::string& orientation : orientations)
@@ -86,16 +86,16 @@ TEST(Cameras, HaveAnOrientationOfTheSetAtMostOnce) {
     EXPECT_EQ(
         build({"a-left", "d-right", "w-front", "x-rear", "s-nadir", "nadir"})().getListOfCameras().size(),
         6U);
-    for (const char* refused : {"Nadir", "nadir ", "left", "a-lef"})
-        EXPECT_THAT(build({"nadir", refused, "nadir"}),
+    for (const char* rejected : {"Nadir", "nadir ", "left", "a-lef"})
+        EXPECT_THAT(build({"nadir", rejected, "nadir"}),
                     ThrowsMessage<std::invalid_argument>(std::string("Profile Camera: orientation \"") +
-                                                         refused + "\" is invalid"));
+                                                         rejected + "\" is invalid"));
     EXPECT_THAT(build({"a-left", "d-right", "d-right", "a-left"}),
                 ThrowsMessage<std::invalid_argument>(
                     "Profile Cameras: camera with orientation \"d-right\" appears more than once"));
 }
 
-TEST(Lists, OfATemporaryValueAreCopies) {
+TEST(ListGetters, ReturnCopiesFromTemporaries) {
     Profile::Builder builder = makeProfile(1, "a");
     builder.trajectory.cameras.listOfCameras = {{"nadir", {}, {}, {}, {}}, {"a-left", {}, {}, {}, {}}};
     const Profile profile = builder.build();
@@ -109,7 +109,7 @@ TEST(Lists, OfATemporaryValueAreCopies) {
     EXPECT_TRUE(views.build().getListOfFieldOfViews().front().getIsDefault());
 }
 
-TEST(Trajectory, TakesTheCodesAndMountsOfTheSets) {
+TEST(Trajectory, AcceptsOnlySupportedCodesAndMounts) {
     Trajectory::Builder builder;
     builder.stabilizedMount = "none";
     for (const char* code : {"SDLessthan3cm", "SD10cm", "SD50cm", "SD1m", "SD10m"}) {
@@ -118,24 +118,24 @@ TEST(Trajectory, TakesTheCodesAndMountsOfTheSets) {
     }
     for (const char* mount : {"None", "none ", "synthetize gimbal", "gimbal"}) {
         builder.stabilizedMount = mount;
-        expectRefused(builder,
-                      std::string("Profile Trajectory: stabilized mount \"") + mount + "\" is invalid");
+        expectRejected(builder,
+                       std::string("Profile Trajectory: stabilized mount \"") + mount + "\" is invalid");
     }
     builder.stabilizedMount = "synthetize gimbal data";
     EXPECT_NO_THROW(builder.build());
     for (const char* code : {"sd10cm", "SDLessthan3cm ", "SD3cm", "SDLessThan3cm"}) {
         builder.imuOnboard.gnssStandardDeviation = code;
-        expectRefused(builder,
-                      std::string("Profile Imu: GNSS standard deviation \"") + code + "\" is invalid");
+        expectRejected(builder,
+                       std::string("Profile Imu: GNSS standard deviation \"") + code + "\" is invalid");
     }
 }
 
-TEST(Georeferencing, RequiresAnglesOrADocument) {
+TEST(Georeferencing, RequiresAnglesOrACalibrationDocument) {
     Georeferencing::Builder builder;
     builder.fieldOfViews = makeSample<FieldOfViews::Builder>();
-    expectRefused<std::runtime_error>(builder,
-                                      "Georeferencing information of a profile requires either boresight "
-                                      "angles or a calibration document.");
+    expectRejected<std::runtime_error>(builder,
+                                       "Georeferencing information of a profile requires either boresight "
+                                       "angles or a calibration document.");
     builder.calibrationDocument.emplace();
     EXPECT_NO_THROW(builder.build());
     builder.calibrationDocument.reset();
@@ -143,20 +143,20 @@ TEST(Georeferencing, RequiresAnglesOrADocument) {
     EXPECT_NO_THROW(builder.build());
 }
 
-TEST(LidarCoveragePreview, HasARateBetweenZeroAndOne) {
+TEST(LidarCoveragePreview, RequiresARateBetweenZeroAndOne) {
     const std::string rate = "Profile LidarCoveragePreview: downsampling rate (";
-    const std::pair<double, std::string> refused[] = {
+    const std::pair<double, std::string> rejected[] = {
         {0, rate + "0) must be greater than zero"},
         {1, rate + "1) must be smaller than one"},
         {0.5, "Profile Parameter: value (0.5) must be within min/max (0.6/1)"},
     };
-    for (const auto& [value, message] : refused)
-        expectRefused(LidarCoveragePreview::Builder{{value, 0.6, 1, 0.6, {}, 1, ""}}, message);
+    for (const auto& [value, message] : rejected)
+        expectRejected(LidarCoveragePreview::Builder{{value, 0.6, 1, 0.6, {}, 1, ""}}, message);
     for (const double value : {0.99, 0.995, 0.999, 1e-300})
         EXPECT_NO_THROW((LidarCoveragePreview::Builder{{value, 0, 1, 0, {}, 1, ""}}.build()));
 }
 
-TEST(Lidar, IsAlignedBySignedPermutationsOfTheAxes) {
+TEST(Lidar, RequiresASignedPermutationOfTheAxesAsAlignment) {
     Lidar::Builder builder = makeSample<Lidar::Builder>();
     builder.fileExtension = "";
     for (const char* alignment : {"x y z", "z y -x", "-x -y -z", "-z -x y", "y z x"}) {
@@ -167,14 +167,15 @@ TEST(Lidar, IsAlignedBySignedPermutationsOfTheAxes) {
          {"x y x",   "x -x y", "-z z y", "x  y z", " x y z", "x y z ", "X Y Z",   "x Y z", "x y",   "x y z x",
           "--x y z", "x - z",  "xyz",    "x,y,z",  "x\ty z", "+x y z", "x y z\n", "a b c", "- y z", ""}) {
         builder.alignment = alignment;
-        expectRefused(builder, std::string("Profile Lidar: alignment \"") + alignment + "\" is invalid");
+        expectRejected(builder, std::string("Profile Lidar: alignment \"") + alignment + "\" is invalid");
     }
 }
 
-TEST(Messages, StayShortWhateverATextOfADocumentHolds) {
+TEST(ErrorMessages, HaveABoundedLength) {
     Parameter<double>::Builder parameter;
     parameter.unit = std::string(499, 'm') + "\xC3\xA4 and more";
-    expectRefused(parameter, "Profile Parameter: unit \"" + std::string(499, 'm') + "...\" is not supported");
+    expectRejected(parameter,
+                   "Profile Parameter: unit \"" + std::string(499, 'm') + "...\" is not supported");
     parameter.maximum = 0;
     for (int i = 0; i < 10000; ++i)
         parameter.presets[std::to_string(i)] = 1;
@@ -184,22 +185,22 @@ TEST(Messages, StayShortWhateverATextOfADocumentHolds) {
                     testing::SizeIs(testing::Lt(11000U)))));
     Lidar::Builder lidar;
     lidar.alignment = std::string(60000, 'x');
-    expectRefused(lidar, "Profile Lidar: alignment \"" + std::string(500, 'x') + "...\" is invalid");
+    expectRejected(lidar, "Profile Lidar: alignment \"" + std::string(500, 'x') + "...\" is invalid");
 }
 
-TEST(Profile, HasANameAndAProduct) {
+TEST(Profile, RequiresANameAndAProduct) {
     Profile::Builder builder = makeProfile(Profile::ID_IS_UNASSIGNED, "");
     builder.product = "";
-    expectRefused<Profile::InvalidProfile>(builder, "The \"name\" string cannot be empty.");
+    expectRejected<Profile::InvalidProfile>(builder, "The \"name\" string cannot be empty.");
     builder.name = " ";
-    expectRefused<Profile::InvalidProfile>(builder, "The \"product\" string cannot be empty.");
+    expectRejected<Profile::InvalidProfile>(builder, "The \"product\" string cannot be empty.");
     builder.product = " ";
     EXPECT_EQ(builder.build().getId(), 4294967295U);
     builder.name = "";
     builder.lidar.emplace();
-    expectRefused(builder, "Profile Lidar: alignment \"\" is invalid");
+    expectRejected(builder, "Profile Lidar: alignment \"\" is invalid");
     builder.trajectory.stabilizedMount = "";
-    expectRefused(builder, "Profile Trajectory: stabilized mount \"\" is invalid");
+    expectRejected(builder, "Profile Trajectory: stabilized mount \"\" is invalid");
 }
 
 } // namespace

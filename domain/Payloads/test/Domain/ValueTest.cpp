@@ -11,7 +11,7 @@ namespace {
 
 using testing::ThrowsMessage;
 
-TEST(Value, OfAFreshBuilderIsBuiltOrRefusedWithItsFirstRule) {
+TEST(Value, OfADefaultBuilderIsValidOrViolatesAKnownRule) {
     const std::string unit = "Profile FieldOfViewRange: unit must be \"deg\"";
     const std::string views = "Profile FieldOfViews: at least one FieldOfView is required";
     const std::string mount = "Profile Trajectory: stabilized mount \"\" is invalid";
@@ -36,7 +36,7 @@ TEST(Value, OfAFreshBuilderIsBuiltOrRefusedWithItsFirstRule) {
     });
 }
 
-TEST(Value, BuildsItsMembersInTheirOrder) {
+TEST(Value, BuildsItsMembersInTheDocumentedOrder) {
     forEachValueType([]<typename Value>() {
         SCOPED_TRACE(typeid(Value).name());
         typename Value::Builder builder;
@@ -54,7 +54,7 @@ TEST(Value, BuildsItsMembersInTheirOrder) {
     });
 }
 
-TEST(Value, GivesItsMembersAndEqualsOneWithTheSameOnly) {
+TEST(Value, ReturnsAndComparesAllItsMembers) {
     forEachValueType([]<typename Value>() {
         SCOPED_TRACE(typeid(Value).name());
         typename Value::Builder builder;

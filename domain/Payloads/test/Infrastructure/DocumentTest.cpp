@@ -6,7 +6,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
-/// Walks a whole document, which full-profile.json spells out, member by member.
+/// Checks a document with every member of the model (full-profile.json) member by member.
 namespace norel::Desktop::Domain::Payloads::Test {
 namespace {
 
@@ -15,12 +15,12 @@ using Tree = nlohmann::ordered_json;
 /// A value somewhere in the document.
 struct Node {
     Tree::json_pointer pointer;
-    std::string path;       // as messages name it
-    std::size_t begin, end; // of its text
+    std::string path;       // as in error messages
+    std::size_t begin, end; // of its text in the document
     std::size_t parent;     // its position in the list of nodes
 };
 
-/// Whether a member may be left out; all but presets and precision may also be null.
+/// Whether a member is optional. All optional members except presets and precision may also be null.
 bool mayBeAbsent(const std::string& path) {
     const char* const ends[] = {
         ".serial_number",        "].lidar",  ".imu_external", ".georeferencing.boresight_angles",
@@ -48,7 +48,7 @@ protected:
         text += "]";
     }
 
-    /// Lists the values and writes the text in which they stand.
+    /// Appends the value and its members to `nodes`, and their text to `text`.
     void collect(const Tree& value, const Node& node) {
         const std::size_t position = nodes.size(), begin = text.size();
         nodes.push_back(node);
@@ -70,8 +70,8 @@ protected:
         nodes[position].end = text.size();
     }
 
-    /// The document with another value at the node, but without what follows its siblings: parsing takes most
-    /// of the time of these tests.
+    /// The document with another value at the node, truncated after the siblings of the node, since parsing
+    /// takes most of the time of these tests.
     std::string upTo(const Node& node, const Tree& value) const {
         std::string part = text.substr(0, node.begin) + value.dump() +
                            text.substr(node.end, nodes[node.parent].end - node.end);
@@ -98,7 +98,7 @@ protected:
         return serializer.serialize(serializer.deserialize(changed));
     }
 
-    void expectRefused(const std::string& changed, const std::string& message) const {
+    void expectRejected(const std::string& changed, const std::string& message) const {
         EXPECT_THAT([&] { serializer.deserialize(changed); },
                     testing::ThrowsMessage<ProfileListSerializer::ParsingError>(message));
     }
@@ -106,17 +106,17 @@ protected:
     const JsonProfileListSerializer serializer;
     std::string written;
     Tree document;
-    std::string text; // the same on one line
+    std::string text; // the same document on one line
     std::vector<Node> nodes;
 };
 
-TEST_F(Document, ShowsEveryMemberOfTheModelUnderItsKeyInOrder) {
+TEST_F(Document, WritesEveryMemberUnderItsKeyInOrder) {
     std::ifstream file(NOREL_PAYLOADS_TEST_DATA "/full-profile.json", std::ios::binary);
     const std::string expected{std::istreambuf_iterator<char>(file), {}};
     EXPECT_EQ(written + "\n", expected);
 }
 
-TEST_F(Document, RefusesNullAndWrongKindsWithTheirPath) {
+TEST_F(Document, RejectsNullAndWrongTypesWithTheirPath) {
     for (const Node& node : nodes) {
         const Tree& value = document[node.pointer];
         const std::string message = value.is_object() && !isLeaf(value, node.path)
@@ -124,15 +124,15 @@ TEST_F(Document, RefusesNullAndWrongKindsWithTheirPath) {
                                         : std::string("[json.exception.type_error.302] type must be ") +
                                               value.type_name() + ", but is ";
         if (!mayBeNull(node.path))
-            expectRefused(upTo(node, nullptr), message + "null at " + node.path);
+            expectRejected(upTo(node, nullptr), message + "null at " + node.path);
         if (value.is_string())
-            expectRefused(upTo(node, 5), message + "number at " + node.path);
+            expectRejected(upTo(node, 5), message + "number at " + node.path);
         else
-            expectRefused(upTo(node, "text"), message + "string at " + node.path);
+            expectRejected(upTo(node, "text"), message + "string at " + node.path);
     }
 }
 
-TEST_F(Document, IsReadKeyByKeyAndNamesTheFirstThatIsMissing) {
+TEST_F(Document, ReportsTheFirstMissingKey) {
     for (const Node& node : nodes) {
         const Tree& object = document[node.pointer];
         if (!object.is_object() || isLeaf(object, node.path))
@@ -145,15 +145,15 @@ TEST_F(Document, IsReadKeyByKeyAndNamesTheFirstThatIsMissing) {
         Tree partial = Tree::object();
         for (const std::string& key : order) {
             if (!mayBeAbsent(node.path + "." + key))
-                expectRefused(upTo(node, partial), "[json.exception.out_of_range.403] key '" + key +
-                                                       "' not found at " + node.path);
+                expectRejected(upTo(node, partial), "[json.exception.out_of_range.403] key '" + key +
+                                                        "' not found at " + node.path);
             partial[key] = object[key];
         }
         EXPECT_EQ(rewritten(with(node, partial)), written) << node.path;
     }
 }
 
-TEST_F(Document, ReadsWithoutItsOptionalMembers) {
+TEST_F(Document, ReadsWithoutOptionalMembers) {
     for (const Node& node : nodes) {
         if (!mayBeAbsent(node.path))
             continue;
@@ -166,16 +166,17 @@ TEST_F(Document, ReadsWithoutItsOptionalMembers) {
     }
 }
 
-/// The same document with its members backwards, and members that nobody knows or that the flags pass over.
-Tree disfigured(const Tree& value) {
+/// The same value with its members in reverse order, and with members that are unknown or that the flags
+/// exclude.
+Tree reversedWithExtraMembers(const Tree& value) {
     if (!value.is_structured())
         return value;
     const bool isParameter = value.contains("value");
     Tree result = value.is_array() ? Tree::array() : Tree::object();
     for (auto member = value.rbegin(); value.is_object() && member != value.rend(); ++member)
-        result[member.key()] = isParameter ? *member : disfigured(*member);
+        result[member.key()] = isParameter ? *member : reversedWithExtraMembers(*member);
     for (const Tree& element : value.is_array() ? value : Tree())
-        result.push_back(disfigured(element));
+        result.push_back(reversedWithExtraMembers(element));
     for (const char* key : {"uploads", "neighbors_search_radius", "number_of_neighbors", "defaultValue",
                             "presets", "minimum", "maximum", "precision", "unit"})
         if (value.is_object() && !value.contains(key))
@@ -183,11 +184,11 @@ Tree disfigured(const Tree& value) {
     return result;
 }
 
-TEST_F(Document, IsWrittenTheSameWhateverTheOrderOfItsMembersAndWhateverElseItHeld) {
-    EXPECT_EQ(rewritten(disfigured(document).dump()), written);
+TEST_F(Document, IgnoresTheOrderOfMembersAndUnknownMembers) {
+    EXPECT_EQ(rewritten(reversedWithExtraMembers(document).dump()), written);
 }
 
-TEST_F(Document, ComesBackEqualAndIsWrittenTheSame) {
+TEST_F(Document, IsUnchangedByReadingAndWriting) {
     document.push_back(Tree::parse(serializer.serialize(makeList({{3, "plain"}})))[0]);
     const ProfileList list = serializer.deserialize(document.dump());
     EXPECT_EQ(serializer.serialize(list), document.dump(4));

@@ -13,7 +13,7 @@ namespace {
 using Tree = nlohmann::ordered_json;
 using Pointer = Tree::json_pointer;
 using Ids = std::set<unsigned int>;
-using Differences = std::map<std::string, Ids>; // the profiles that differ at a place
+using Differences = std::map<std::string, Ids>; // the path of a member, and the profiles in which it differs
 
 std::string documentOf(unsigned int version) {
     return DefaultProducts::getSourceDocumentFromVersionInfo(version);
@@ -33,7 +33,7 @@ Differences differencesTo(unsigned int version) {
 struct Product {
     unsigned int id;
     const char* name;
-    const char* fileExtension; // none for a product without lidar
+    const char* fileExtension; // null for a product without lidar
     const char* alignment;
     std::vector<std::string> cameras;
     const char* mount;
@@ -59,7 +59,7 @@ const Product PRODUCTS[] = {
     {1, "Korvane Alpha", "mrs", "x y z", {"nadir"}, "none", false},
 };
 
-TEST(FactoryDocuments, AreThereForTheirVersions) {
+TEST(FactoryDocuments, ExistForEveryVersion) {
     const std::map<unsigned int, std::size_t> sizes{{0, 0},      {1, 0},      {2, 154996}, {3, 215412},
                                                     {4, 249918}, {5, 363416}, {6, 0},      {4294967295U, 0}};
     for (const auto& [version, size] : sizes)
@@ -68,14 +68,14 @@ TEST(FactoryDocuments, AreThereForTheirVersions) {
     EXPECT_EQ(DefaultProducts::getSourceDocumentVersion3(), documentOf(3));
     EXPECT_EQ(DefaultProducts::getSourceDocumentVersion4(), documentOf(4));
     EXPECT_EQ(DefaultProducts::getSourceDocument(), documentOf(5));
-    // They are laid out as usual, with nothing to fill up the size.
+    // They have a regular layout, so the sizes above include no padding.
     for (unsigned int version = 2; version <= 5; ++version) {
         const std::string text = Tree::parse(documentOf(version)).dump(version == 5 ? 4 : 2);
         EXPECT_TRUE(documentOf(version) == std::regex_replace(text, std::regex("\n"), "\r\n")) << version;
     }
 }
 
-TEST(FactoryDocuments, HoldTheProductsInOrder) {
+TEST(FactoryDocuments, ContainTheProductsInOrder) {
     for (unsigned int version = 2; version <= 5; ++version) {
         std::vector<Product> products;
         for (const Product& product : PRODUCTS) {
@@ -87,7 +87,8 @@ TEST(FactoryDocuments, HoldTheProductsInOrder) {
         const Tree profiles = Tree::parse(documentOf(version));
         ASSERT_EQ(profiles.size(), products.size());
         for (std::size_t i = 0; i < products.size(); ++i) {
-            const Tree &profile = profiles[i], &lidar = profile.at("lidar"), &path = profile["trajectory"];
+            const Tree &profile = profiles[i], &lidar = profile.at("lidar"),
+                       &trajectory = profile["trajectory"];
             const Product& product = products[i];
             SCOPED_TRACE(std::to_string(product.id) + " in version " + std::to_string(version));
             EXPECT_EQ(profile["id"], product.id);
@@ -98,11 +99,11 @@ TEST(FactoryDocuments, HoldTheProductsInOrder) {
                 EXPECT_THAT(profile[key].get<std::string>(),
                             testing::MatchesRegex("20[0-9-]{8}T[0-9]{2}:[0-9]{2}:[0-9]{2}\\+00:00"));
             std::vector<std::string> cameras;
-            for (const Tree& camera : path["cameras"])
+            for (const Tree& camera : trajectory["cameras"])
                 cameras.push_back(camera["orientation"]);
             EXPECT_EQ(cameras, product.cameras);
-            EXPECT_EQ(path["stabilized_mount"], product.mount);
-            EXPECT_EQ(path.contains("imu_external"), product.hasExternalImu);
+            EXPECT_EQ(trajectory["stabilized_mount"], product.mount);
+            EXPECT_EQ(trajectory.contains("imu_external"), product.hasExternalImu);
             ASSERT_EQ(lidar.is_object(), product.fileExtension != nullptr);
             if (lidar.is_null())
                 continue;
@@ -117,7 +118,7 @@ TEST(FactoryDocuments, HoldTheProductsInOrder) {
     }
 }
 
-TEST(FactoryDocuments, AreRewrittenWithoutWhatTheModelDoesNotKnow) {
+TEST(FactoryDocuments, LoseOnlyUnknownMembersWhenRewritten) {
     Tree expected = Tree::parse(documentOf(5));
     for (Tree& profile : expected) {
         profile.erase("uploads");
@@ -138,7 +139,7 @@ TEST(FactoryDocuments, AreRewrittenWithoutWhatTheModelDoesNotKnow) {
     EXPECT_TRUE(serializer.serialize(serializer.deserialize(rewritten)) == rewritten);
 }
 
-TEST(FactoryDocuments, DifferFromVersionToVersionInTheseMembersOnly) {
+TEST(FactoryDocuments, DifferBetweenVersionsInTheseMembersOnly) {
     const Ids all{1, 2, 3, 4, 88, 409, 792, 793};
     const std::string precision = "/lidar/precision_enhancement/", ground = "/lidar/ground_classification/";
     const std::string rejection = precision + "morphological_rejection/";
@@ -174,7 +175,7 @@ TEST(FactoryDocuments, DifferFromVersionToVersionInTheseMembersOnly) {
                            {"/lidar/strip_adjustment/temporal_time_frame/value", all}}));
 }
 
-TEST(FactoryDocuments, HoldTheTellingValuesOfTheirVersion) {
+TEST(FactoryDocuments, ContainTheCharacteristicValuesOfTheirVersion) {
     const auto limits = [](double value, double minimum, double maximum, double precision, const char* unit) {
         return Tree{{"defaultValue", value},  {"minimum", minimum}, {"maximum", maximum},
                     {"precision", precision}, {"value", value},     {"unit", unit}};
@@ -187,8 +188,8 @@ TEST(FactoryDocuments, HoldTheTellingValuesOfTheirVersion) {
             if (profile["lidar"].is_null())
                 continue;
             SCOPED_TRACE(profile["id"].dump() + " in version " + std::to_string(version));
-            const auto expect = [&](const char* place, const Tree& value) {
-                EXPECT_EQ(profile["lidar"].at(Pointer(place)), value) << place;
+            const auto expect = [&](const char* pointer, const Tree& value) {
+                EXPECT_EQ(profile["lidar"].at(Pointer(pointer)), value) << pointer;
             };
             const bool isRetuned = version >= 4;
             expect("/precision_enhancement/neighbors_search_radius/maximum", isRetuned ? 0.5 : 2.5);

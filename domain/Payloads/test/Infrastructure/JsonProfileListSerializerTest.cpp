@@ -20,7 +20,7 @@ using Tree = nlohmann::ordered_json;
 
 const Serializer serializer;
 
-/// What the JSON text reads as, as member "k" of an object.
+/// Reads the JSON text as member "k" of an object.
 template <typename Leaf>
 Leaf read(const std::string& text, Leaf leaf = {}) {
     const Serializer::JsonPath root(Json::fromString("{\"k\": " + text + "}"));
@@ -29,17 +29,17 @@ Leaf read(const std::string& text, Leaf leaf = {}) {
 }
 
 template <typename Leaf>
-void expectRefused(const std::string& text, const std::string& message) {
+void expectRejected(const std::string& text, const std::string& message) {
     EXPECT_THAT([&] { read<Leaf>(text); }, ThrowsMessage<ParsingError>(message)) << text;
 }
 
 template <typename Leaf>
-void expectKindRefused(const std::string& text, const std::string& expected, const std::string& kind) {
-    expectRefused<Leaf>(text, "[json.exception.type_error.302] type must be " + expected + ", but is " +
-                                  kind + " at k");
+void expectTypeError(const std::string& text, const std::string& expected, const std::string& kind) {
+    expectRejected<Leaf>(text, "[json.exception.type_error.302] type must be " + expected + ", but is " +
+                                   kind + " at k");
 }
 
-TEST(Serializer, ReadsLeaves) {
+TEST(Serializer, ReadsPlainValues) {
     EXPECT_EQ(read<int>("-3.7"), -3);
     EXPECT_EQ(read<std::string>(R"("\u00e9")"), "\xC3\xA9");
     EXPECT_THAT((read<std::vector<std::string>>(R"(["b", "a", "b"])", {"old"})), ElementsAre("b", "a", "b"));
@@ -51,39 +51,39 @@ TEST(Serializer, ReadsLeaves) {
                                  std::chrono::milliseconds(500)));
 }
 
-TEST(Serializer, RefusesLeavesOfAnotherKind) {
-    expectKindRefused<double>("true", "number", "boolean");
-    expectKindRefused<bool>("1", "boolean", "number");
-    expectKindRefused<std::vector<std::string>>("[\"a\", 5]", "string", "number");
-    expectKindRefused<std::map<std::string, unsigned int>>("[]", "object", "array");
-    expectKindRefused<std::map<std::string, int>>("{\"a\": \"1\"}", "number", "string");
-    expectKindRefused<std::map<std::string, double>>("{\"a\": 1, \"b\": true}", "number", "boolean");
-    expectRefused<DateTime::DateTime>(
+TEST(Serializer, RejectsPlainValuesOfAnotherType) {
+    expectTypeError<double>("true", "number", "boolean");
+    expectTypeError<bool>("1", "boolean", "number");
+    expectTypeError<std::vector<std::string>>("[\"a\", 5]", "string", "number");
+    expectTypeError<std::map<std::string, unsigned int>>("[]", "object", "array");
+    expectTypeError<std::map<std::string, int>>("{\"a\": \"1\"}", "number", "string");
+    expectTypeError<std::map<std::string, double>>("{\"a\": 1, \"b\": true}", "number", "boolean");
+    expectRejected<DateTime::DateTime>(
         "\"2021-02-29T00:00:00Z\"",
         "\"2021-02-29T00:00:00Z\" is not an ISO 8601 date-time such as 2021-10-05T21:18:26+00:00 at k");
 }
 
-TEST(Serializer, ReadsParametersByTheirFlags) {
+TEST(Serializer, ReadsTheMembersOfAParameterThatItsFlagsSelect) {
     using Builder = Parameter<double>::Builder;
-    const Builder held{9, 8, 7, 6, {{"held", 5}}, 0.5, "held"};
+    const Builder initial{9, 8, 7, 6, {{"initial", 5}}, 0.5, "initial"};
     const std::string all =
         R"({"unit":"px","value":20,"precision":10,"maximum":30,"minimum":-3,"presets":{"p":1},)"
         R"("defaultValue":25})";
     struct {
         unsigned int flags;
         std::string text;
-        Builder read; // into `held`
+        Builder read; // into `initial`
     } const cases[] = {
         {0, all, {20, -3, 30, 25, {{"p", 1}}, 10, "px"}},
         {0, R"({"defaultValue":1,"minimum":2,"maximum":3,"value":4,"unit":"u"})", {4, 2, 3, 1, {}, 1, "u"}},
-        {Options::NO_UNIT, all, {20, -3, 30, 25, {{"p", 1}}, 10, "held"}},
+        {Options::NO_UNIT, all, {20, -3, 30, 25, {{"p", 1}}, 10, "initial"}},
         {Options::NO_CONSTRAINTS, all, {20, 8, 7, 25, {{"p", 1}}, 0.5, "px"}},
         {Options::NO_CONSTRAINTS, R"({"defaultValue":1,"value":4,"unit":"u"})", {4, 8, 7, 1, {}, 0.5, "u"}},
-        {Options::VALUE_ONLY, all, {20, 8, 7, 6, {{"held", 5}}, 0.5, "px"}},
-        {Options::VALUE_ONLY | Options::NO_UNIT, all, {20, 8, 7, 6, {{"held", 5}}, 0.5, "held"}},
+        {Options::VALUE_ONLY, all, {20, 8, 7, 6, {{"initial", 5}}, 0.5, "px"}},
+        {Options::VALUE_ONLY | Options::NO_UNIT, all, {20, 8, 7, 6, {{"initial", 5}}, 0.5, "initial"}},
     };
     for (const auto& [flags, text, expected] : cases) {
-        Builder builder = held;
+        Builder builder = initial;
         serializer.fromJson(Serializer::JsonPath(Json::fromString(text)), builder, flags);
         EXPECT_TRUE(builder == expected) << flags << " " << text;
     }
@@ -102,7 +102,7 @@ TEST(Serializer, OnlyVectorsAndAnglesPassOnTheirFlags) {
                 testing::StartsWith(R"({"Tx":{"defaultValue":0.0,"minimum":-1.79)"));
 }
 
-TEST(Serializer, ReadsTextsWithoutProfilesAndRefusesWhatIsNoArray) {
+TEST(Serializer, ReadsEmptyListsAndRejectsOtherValues) {
     EXPECT_EQ(serializer.serialize(ProfileList()), "[]");
     EXPECT_TRUE(serializer.deserialize("") == ProfileList());
     EXPECT_TRUE(serializer.deserialize(" [ ]\r\n") == ProfileList());
@@ -111,7 +111,7 @@ TEST(Serializer, ReadsTextsWithoutProfilesAndRefusesWhatIsNoArray) {
         ThrowsMessage<ParsingError>("[json.exception.type_error.302] type must be array, but is null"));
 }
 
-TEST(Serializer, NumbersProfilesAsTheyAreRead) {
+TEST(Serializer, AssignsIdsToProfilesAsTheyAreRead) {
     const Tree profile = Tree::parse(serializer.serialize(makeList({{1, "name"}})))[0];
     Tree document = Tree::array();
     for (const char* id : {"7", "7", "4294967295", "-1", "3.7", "true", "2"}) {
@@ -124,7 +124,7 @@ TEST(Serializer, NumbersProfilesAsTheyAreRead) {
     EXPECT_THAT(ids, ElementsAre(7, 8, 9, 10, 3, 1, 2));
 }
 
-TEST(Serializer, ReportsTheFirstProfileThatFailsInWhateverWay) {
+TEST(Serializer, ReportsTheFirstInvalidProfile) {
     const Tree profile = Tree::parse(serializer.serialize(makeList({{1, "name"}})))[0];
     Tree nameless = profile, incomplete = profile, unmounted = profile;
     nameless["name"] = "";
@@ -142,7 +142,7 @@ TEST(Serializer, ReportsTheFirstProfileThatFailsInWhateverWay) {
                 ThrowsMessage<std::invalid_argument>("Profile Trajectory: stabilized mount \"\" is invalid"));
 }
 
-/// Writes lever arms and other vectors, and segmentations, as plain texts.
+/// Writes lever arms and other vectors, and segmentations, as plain strings.
 struct ShortSerializer : Serializer {
     using Serializer::fromJson;
     using Serializer::toJson;
@@ -165,7 +165,7 @@ struct ShortSerializer : Serializer {
     mutable std::vector<JsonPath> paths;
 };
 
-TEST(Serializer, LetsADerivedOneOverrideASectionWhereverItOccurs) {
+TEST(Serializer, LetsADerivedSerializerOverrideATypeWhereverItOccurs) {
     const ShortSerializer shortSerializer;
     const std::string text = shortSerializer.serialize(makeFullList());
     std::map<std::string, int> occurrences;
@@ -179,13 +179,13 @@ TEST(Serializer, LetsADerivedOneOverrideASectionWhereverItOccurs) {
     EXPECT_EQ(read.getTrajectory().getCameras().getListOfCameras().at(1).getLeverArm().getX().getValue(), 42);
     const auto ground = read.getLidar()->getGroundClassification();
     EXPECT_EQ(ground.getHullProcessing().getSegmentation().getMinimumPointsPerRegion().getValue(), 43U);
-    ASSERT_EQ(shortSerializer.paths.size(), 2U); // kept after the read
+    ASSERT_EQ(shortSerializer.paths.size(), 2U); // still valid after the read
     EXPECT_EQ(shortSerializer.paths[1].getPathString(),
               "[0].lidar.ground_classification.hull_processing.segmentation");
     EXPECT_EQ(shortSerializer.paths[1].getValue().getAsString(), "segmentation");
 }
 
-TEST(Serializer, LetsADerivedOneOverrideTheList) {
+TEST(Serializer, LetsADerivedSerializerOverrideTheList) {
     struct Inheriting : Serializer {};
     struct Counting : Serializer {
         using Serializer::toJson;
@@ -217,7 +217,7 @@ TEST(JsonPath, LeadsToMembersAndElements) {
         const JsonPath element = root.makePathToIndex(*root.getValue().begin(), 12);
         return element.makePathToKey("a.b");
     };
-    const JsonPath path = makeDeepPath(); // outlives those that led to it
+    const JsonPath path = makeDeepPath(); // outlives the paths it was made from
     const JsonPath copy = path;
     EXPECT_THAT(copy.getPath(), ElementsAre("[12]", "a.b"));
     EXPECT_EQ(copy.getPathString(), "[12].a.b");

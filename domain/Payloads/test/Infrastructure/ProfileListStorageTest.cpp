@@ -20,7 +20,7 @@ using HttpClient = Networking::Http::HttpClient;
 
 const auto serializer = std::make_shared<JsonProfileListSerializer>();
 
-/// A document whose one profile breaks a rule of the model, with the message of that rule.
+/// A document whose only profile violates a rule of the model, with the message of that rule.
 struct BrokenDocument {
     std::string text = serializer->serialize(makeList({{1, "name"}}));
     std::string message = "The \"name\" string cannot be empty.";
@@ -47,7 +47,7 @@ protected:
         std::make_shared<Desktop::Test::PlainTextFileStorage>();
 };
 
-TEST_F(ProfileListFileStorageTest, MakesAnEmptyFileWhereThereIsNoneAndKeepsItsListThere) {
+TEST_F(ProfileListFileStorageTest, CreatesAMissingFileAndStoresItsListThere) {
     ProfileListFileStorage storage(file, plain, serializer);
     ASSERT_TRUE(std::filesystem::is_regular_file(file));
     EXPECT_EQ(content(), "");
@@ -56,16 +56,17 @@ TEST_F(ProfileListFileStorageTest, MakesAnEmptyFileWhereThereIsNoneAndKeepsItsLi
     storage.write(list);
     EXPECT_EQ(content(), serializer->serialize(list));
     EXPECT_TRUE(storage.read() == list);
-    EXPECT_TRUE(ProfileListFileStorage(file, plain, serializer).read() == list); // and left it as it was
+    // The constructor keeps an existing file.
+    EXPECT_TRUE(ProfileListFileStorage(file, plain, serializer).read() == list);
     std::ofstream(file) << "[]";
-    EXPECT_TRUE(storage.read() == ProfileList()); // what others wrote is seen
+    EXPECT_TRUE(storage.read() == ProfileList()); // a change by another writer is read
     storage.remove();
     EXPECT_FALSE(std::filesystem::exists(file));
     storage.write(list);
     EXPECT_TRUE(storage.read() == list);
 }
 
-TEST_F(ProfileListFileStorageTest, LeavesWhateverIsThereAndReportsFailuresOnUse) {
+TEST_F(ProfileListFileStorageTest, KeepsWhatExistsAndReportsFailuresOnUse) {
     std::ofstream(file) << "<\r\n";
     ProfileListFileStorage storage(file, plain, serializer);
     EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<InvalidContent>(NO_VALUE));
@@ -80,7 +81,7 @@ TEST_F(ProfileListFileStorageTest, LeavesWhateverIsThereAndReportsFailuresOnUse)
     EXPECT_THAT([&] { nowhere.read(); },
                 ThrowsMessage<CannotRead>("cannot read " + (folder / "none" / "profiles.json").string()));
     try {
-        ProfileListFileStorage(file / "inside a file", plain, serializer); // is no failure to tell
+        ProfileListFileStorage(file / "inside a file", plain, serializer); // certainly does not exist
         ProfileListFileStorage(folder / std::string(5000, 'x'), plain, serializer);
         ADD_FAILURE();
     } catch (const std::filesystem::filesystem_error& error) {
@@ -88,7 +89,7 @@ TEST_F(ProfileListFileStorageTest, LeavesWhateverIsThereAndReportsFailuresOnUse)
     }
 }
 
-TEST_F(ProfileListFileStorageTest, CarriesTheStoresMessagesUnchanged) {
+TEST_F(ProfileListFileStorageTest, KeepsTheMessagesOfTheTextFileStorage) {
     ProfileListFileStorage storage(file, memory, serializer);
     memory->failRead = memory->failWrite =
         memory->failRemove = [] { throw std::runtime_error("\"full\"\n"); };
@@ -103,10 +104,11 @@ TEST_F(ProfileListFileStorageTest, CarriesTheStoresMessagesUnchanged) {
     memory->failRead = [] { throw 5; };
     EXPECT_THROW(storage.read(), int);
     memory->writes = 0;
+    // A text that is not UTF-8 cannot be written as JSON.
     EXPECT_THAT(
         [&] {
             storage.write(makeList({{1, "\xff"}}));
-        }, // no UTF-8, so no JSON
+        },
         ThrowsMessage<CannotWrite>("[json.exception.type_error.316] invalid UTF-8 byte at index 0: 0xFF"));
     EXPECT_EQ(memory->writes, 0);
 }
@@ -135,7 +137,7 @@ TEST(ProfileListHttpStorage, SendsOneRequestPerRead) {
     }
 }
 
-TEST(ProfileListHttpStorage, TurnsEveryFailureIntoAStorageError) {
+TEST(ProfileListHttpStorage, ReportsEveryFailureAsAStorageError) {
     const auto client = std::make_shared<ScriptedHttpClient>();
     ProfileListHttpStorage storage("https://host/", client, "", serializer);
     const auto read = [&] { storage.read(); };

@@ -44,7 +44,7 @@ protected:
     const std::shared_ptr<InMemoryTextFileStorage> storage = std::make_shared<InMemoryTextFileStorage>();
 };
 
-TEST_F(ProfileUpgradeTest, BringsEveryOlderVersionToTheCurrentOne) {
+TEST_F(ProfileUpgradeTest, UpgradesEveryOlderVersionToTheCurrentOne) {
     for (unsigned int from = 1; from <= 4; ++from) {
         Tree expected = factory(5);
         expected.erase(0); // two products that version 2 does not know
@@ -71,7 +71,7 @@ TEST_F(ProfileUpgradeTest, BringsEveryOlderVersionToTheCurrentOne) {
     }
 }
 
-TEST_F(ProfileUpgradeTest, ReplacesSectionsWholeAndKeepsTheRest) {
+TEST_F(ProfileUpgradeTest, ReplacesWholeSectionsAndKeepsTheRest) {
     Tree document = Tree::array({factory(2)[5]});
     document[0]["product"] = "KORVANE alpha fine";
     Tree& lidar = document[0]["lidar"];
@@ -89,21 +89,21 @@ TEST_F(ProfileUpgradeTest, ReplacesSectionsWholeAndKeepsTheRest) {
     EXPECT_EQ(file(), expected.dump(4));
 }
 
-TEST_F(ProfileUpgradeTest, ToAnotherVersionOnlyLaysTheFileOutAnew) {
+TEST_F(ProfileUpgradeTest, OnlyReformatsTheFileForAVersionWithoutSections) {
     for (const unsigned int version : {0U, 1U, 6U, 4294967295U}) {
         for (const char* text : {R"({"b": [1,{}],  "a":null})", R"([{"lidar": {}}])", "5"}) {
             file() = text;
             upgrade(version, "[]");
             EXPECT_EQ(file(), Tree::parse(text).dump(4));
         }
-        EXPECT_THROW(upgrade(version), JsonError); // an empty text is no JSON
+        EXPECT_THROW(upgrade(version), JsonError); // an empty text is not JSON
     }
     file() = "[ ]";
     upgrade(5);
     EXPECT_EQ(file(), "[]");
 }
 
-TEST_F(ProfileUpgradeTest, LeavesTheFileAsItWasOnAnyFailure) {
+TEST_F(ProfileUpgradeTest, LeavesTheFileUnchangedOnAnyFailure) {
     const auto change = [](const auto& edit) {
         Tree document = Tree::array({factory(4)[3], factory(4)[0]}); // 100 has no lidar, 793 has
         document[0].erase("lidar");
@@ -152,7 +152,7 @@ TEST_F(ProfileUpgradeTest, LeavesTheFileAsItWasOnAnyFailure) {
     EXPECT_EQ(file(), before);
 }
 
-TEST_F(ProfileUpgradeTest, RefusesANullOnTheWayToASection) {
+TEST_F(ProfileUpgradeTest, RejectsANullOnThePathToASection) {
     struct {
         unsigned int version;
         std::string lidar, section;

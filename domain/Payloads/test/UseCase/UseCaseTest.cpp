@@ -15,11 +15,11 @@ using testing::ThrowsMessage;
 
 constexpr unsigned int NONE = Profile::ID_IS_UNASSIGNED;
 
-/// A list in memory that counts what is done to it. `fail...` come before anything is done.
+/// A list in memory that counts the calls. Each call first runs `failRead` or `failWrite`, which may throw.
 struct MemoryStorage : ProfileListStorage {
     explicit MemoryStorage(const ProfileList& initial) : list(initial) {}
 
-    void remove() override { ADD_FAILURE() << "nobody removes the document"; }
+    void remove() override { ADD_FAILURE() << "no use case may remove the document"; }
     ProfileList read() override {
         ++reads;
         failRead();
@@ -45,7 +45,7 @@ DateTime::DateTime dayNumber(int day) {
     return DateTime::DateTime(std::chrono::sys_days(std::chrono::days(day)));
 }
 
-TEST(UseCases, RequireTheirParameters) {
+TEST(UseCases, RejectNullParameters) {
     const std::shared_ptr<ProfileListStorage> storage = makeStorage({}), none;
     const std::string profileListStorage = "The \"profile list storage\" parameter cannot be null.";
     const std::pair<std::function<void()>, std::string> cases[] = {
@@ -62,7 +62,7 @@ TEST(UseCases, RequireTheirParameters) {
         EXPECT_THAT(construct, ThrowsMessage<std::runtime_error>(message));
 }
 
-TEST(AddOrUpdateProfile, AddsOrReplacesByIdAndStampsTheCallersProfile) {
+TEST(AddOrUpdateProfile, AddsOrReplacesByIdAndSetsTheTimesOfTheCallersProfile) {
     struct {
         std::vector<std::pair<unsigned int, std::string>> before;
         unsigned int id;
@@ -91,7 +91,7 @@ TEST(AddOrUpdateProfile, AddsOrReplacesByIdAndStampsTheCallersProfile) {
     }
 }
 
-TEST(AddOrUpdateProfile, LeavesTheProfileWhenTheReadFailsAndStampsItBeforeTheWrite) {
+TEST(AddOrUpdateProfile, ChangesTheCallersProfileAfterTheReadAndBeforeTheWrite) {
     const auto storage = makeStorage({{1, "a"}});
     const auto clock = std::make_shared<FixedClockProvider>(dayNumber(9));
     const Profile original = makeProfile(NONE, "new").build();
@@ -110,7 +110,7 @@ TEST(AddOrUpdateProfile, LeavesTheProfileWhenTheReadFailsAndStampsItBeforeTheWri
     EXPECT_TRUE(storage->list == makeList({{1, "a"}}));
 }
 
-TEST(DeleteProfile, WritesOnlyWhenTheProfileWasThere) {
+TEST(DeleteProfile, WritesOnlyWhenTheProfileExists) {
     const auto storage = makeStorage({{5, "a"}, {2, "b"}, {9, "c"}});
     DeleteProfile deleteProfile(storage);
     deleteProfile.execute(2);
@@ -119,7 +119,7 @@ TEST(DeleteProfile, WritesOnlyWhenTheProfileWasThere) {
     EXPECT_THAT((std::vector{storage->reads, storage->writes}), ElementsAre(2, 1));
 }
 
-TEST(MergeProfileStorages, AddsTheProfilesOfNewNames) {
+TEST(MergeProfileStorages, AddsProfilesWithNewNames) {
     using Profiles = std::vector<std::pair<unsigned int, std::string>>;
     struct {
         Profiles source, destination, merged;
@@ -141,7 +141,7 @@ TEST(MergeProfileStorages, AddsTheProfilesOfNewNames) {
     }
 }
 
-TEST(MergeProfileStorages, KeepsWhatBothHaveAndTakesTheRestUnchanged) {
+TEST(MergeProfileStorages, KeepsExistingProfilesAndCopiesTheOthersUnchanged) {
     const auto factory = std::make_shared<ProfileListDefaultProductsStorage>();
     const auto user = makeStorage({{409, "Korvane Gamma"}});
     MergeProfileStorages(factory, user).execute();
@@ -154,7 +154,7 @@ TEST(MergeProfileStorages, KeepsWhatBothHaveAndTakesTheRestUnchanged) {
     EXPECT_TRUE(profiles[4] == renumbered);
 }
 
-TEST(MergeProfileStorages, LetsEveryFailurePass) {
+TEST(MergeProfileStorages, PropagatesEveryFailure) {
     const auto source = makeStorage({{1, "a"}}), destination = makeStorage({});
     MergeProfileStorages merge(source, destination);
     const auto fail = [](const char* text) { return [text] { throw std::runtime_error(text); }; };

@@ -13,7 +13,7 @@ namespace norel::Desktop::DataFormat {
 
 class JsonConstIterator;
 
-/// Every copy is a deep one. Only the value that the non-const getValue returns shares its tree.
+/// Copies are deep. Only the value that the non-const getValue returns shares the tree of its parent.
 class Json {
 public:
     struct JsonError : std::runtime_error {

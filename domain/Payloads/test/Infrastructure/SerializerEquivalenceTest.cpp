@@ -10,8 +10,9 @@
 #include <regex>
 #include <sstream>
 
-/// The serializer itself reads and writes without JSON values where the host can; a derived one always uses
-/// them. Both must give the same results and errors, and those that releases before gave.
+/// JsonProfileListSerializer reads and writes without JSON values where the host supports it; a derived
+/// serializer always uses them. Both must give the same results and errors, and those must not differ from
+/// the first release.
 namespace norel::Desktop::Domain::Payloads::Test {
 namespace {
 
@@ -21,8 +22,8 @@ std::string readFile(const std::filesystem::path& path) {
     return text.str();
 }
 
-/// Compares what becomes of texts, and computes a digest of it all (FNV-1a), by which it is compared with
-/// what the first release gave.
+/// Compares the outcomes of both serializers, and computes a digest (FNV-1a) of all outcomes, to be compared
+/// with that of the first release.
 class Comparison {
 public:
     void add(const std::string& text) {
@@ -40,7 +41,7 @@ private:
 
 const std::filesystem::path DATA = NOREL_PAYLOADS_TEST_DATA;
 
-TEST(BothRoads, GiveTheSameForWholeDocumentsAndForEveryDamagedMember) {
+TEST(SerializerEquivalence, HoldsForWholeDocumentsAndForEveryDamagedMember) {
     Comparison comparison;
     for (const unsigned int version : {2U, 3U, 4U, 5U})
         comparison.add(DefaultProducts::getSourceDocumentFromVersionInfo(version));
@@ -77,7 +78,7 @@ TEST(BothRoads, GiveTheSameForWholeDocumentsAndForEveryDamagedMember) {
     EXPECT_EQ(comparison.getDigest(), 1518138771990844356U);
 }
 
-TEST(BothRoads, GiveTheSameForRandomMutations) {
+TEST(SerializerEquivalence, HoldsForRandomMutations) {
     ProfileList list;
     for (const char* name : {"first", "second \u00e4\\\"\n"}) {
         Profile::Builder builder = makeProfile(7, name);
