@@ -11,7 +11,7 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Builds one member of a value; one that has no rule of its own, such as a string, is copied.
+/// Builds one member of a value; one without a Builder, such as a string, is copied.
 template <typename Member>
 auto buildMember(const Member& member) {
     if constexpr (requires { member.build(); })
@@ -50,7 +50,7 @@ Value buildRemaining(const Members& members, Built&... built) {
 
 // The order in which members are built decides which message is reported when several are invalid.
 
-/// Makes a value of members that are built from the last to the first.
+/// Makes a value whose members are built from the last to the first.
 template <typename Value>
 Value buildLastToFirst(const typename Value::Builder& builder) {
     checkFields(builder);
@@ -58,12 +58,12 @@ Value buildLastToFirst(const typename Value::Builder& builder) {
     return Internal::buildRemaining<Value, std::tuple_size_v<decltype(members)>>(members);
 }
 
-/// Makes a value of members that are built in the order of their declaration.
+/// Makes a value whose members are built in the order of their declaration.
 template <typename Value>
 Value buildFirstToLast(const typename Value::Builder& builder) {
     checkFields(builder);
     const auto makeFields = [](const auto&... members) {
-        return ValueAccess::Fields<Value>{buildMember(members)...}; // braces build from left to right
+        return ValueAccess::Fields<Value>{buildMember(members)...}; // braces evaluate from left to right
     };
     return ValueAccess::make<Value>([&] { return std::apply(makeFields, tieMembers(builder)); });
 }

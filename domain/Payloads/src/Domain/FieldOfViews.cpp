@@ -36,7 +36,7 @@ void FieldOfViews::checkRules() const {
     for (const FieldOfView& item : list) {
         const FieldOfViewRange view = item.getView();
         if (std::isnan(view.getMinimum()) ||
-            std::isnan(view.getMaximum())) // NaN: equal to none, and without order
+            std::isnan(view.getMaximum())) // NaN equals nothing and breaks the order of a set
             continue;
         if (!bounds.emplace(view.getMinimum(), view.getMaximum()).second)
             throw std::invalid_argument("Profile FieldOfViews: all FieldOfView must be unique");

@@ -7,7 +7,7 @@
 namespace norel::Desktop::Domain::Payloads {
 namespace Internal {
 
-/// Stands for a member of any type where a structure's members are counted; never made.
+/// Converts to a member of any type, to count the members of a structure at compile time.
 struct AnyMember {
     template <typename Member>
     operator Member() const;
@@ -28,8 +28,8 @@ constexpr std::size_t countMembers() {
 
 } // namespace Internal
 
-/// References to the members of a plain structure, in declaration order. So the structure itself is the list
-/// of its members.
+/// References to the members of a plain structure, in declaration order, so that no separate list of them is
+/// needed.
 template <typename Structure>
 constexpr auto tieMembers(Structure& structure) {
     constexpr std::size_t count = Internal::countMembers<std::remove_const_t<Structure>>();

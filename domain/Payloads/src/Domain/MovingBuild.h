@@ -4,8 +4,8 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Makes a value of a builder that is not needed afterwards: its members are moved, and built in their place
-/// in the value. Checks the same rules as `build`, but reports any of several violations.
+/// Makes a value from a builder that is not needed afterwards: its members are moved, and built in place.
+/// Checks the same rules as `build`, but of several violations it may report any.
 template <typename Value>
 Value buildMoving(typename Value::Builder&& builder);
 

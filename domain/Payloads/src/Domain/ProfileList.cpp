@@ -9,7 +9,7 @@
 namespace norel::Desktop::Domain::Payloads {
 namespace {
 
-/// The first profile of that id, or the end.
+/// The first profile with that id, or the end.
 template <typename Profiles>
 auto findById(Profiles& profiles, unsigned int id) {
     return std::ranges::find(profiles, id, &Profile::getId);
@@ -25,7 +25,7 @@ auto findByName(const std::vector<Profile>& profiles, const std::string& name) {
 ProfileList::~ProfileList() = default;
 
 ProfileList& ProfileList::operator=(const ProfileList& other) {
-    return *this = ProfileList(other); // which can fail only before anything is changed
+    return *this = ProfileList(other); // the copy can throw, the move assignment cannot
 }
 
 void ProfileList::add(Profile& profile) {
@@ -40,7 +40,7 @@ void ProfileList::append(Profile&& profile) {
     const auto inserted = sortedIds.insert(position, profile.getId());
     try {
         profiles.push_back(std::move(profile));
-    } catch (...) { // out of memory: neither vector has it
+    } catch (...) { // out of memory: keep both vectors unchanged
         sortedIds.erase(inserted);
         throw;
     }
@@ -49,7 +49,7 @@ void ProfileList::append(Profile&& profile) {
 void ProfileList::update(const Profile& profile) {
     static_assert(std::is_nothrow_move_assignable_v<Profile>);
     if (const auto stored = findById(profiles, profile.getId()); stored != profiles.end())
-        *stored = Profile(profile); // the copy can fail, the assignment cannot
+        *stored = Profile(profile); // the copy can throw, the move assignment cannot
 }
 
 void ProfileList::remove(unsigned int id) {

@@ -14,8 +14,8 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-// The rules of a builder's plain fields, which are checked before its members are built. Each stands in the
-// source of its type. The rules of built members are the type's own checkRules.
+// The rules of the plain fields of a builder, which are checked before its members are built. Each is defined
+// in the source of its type. The rules of built members are checked by the checkRules of the type.
 
 void checkFields(const Parameter<double>::Builder& builder);
 void checkFields(const Parameter<unsigned int>::Builder& builder);
@@ -31,8 +31,8 @@ void checkFields(const Lidar::Builder& builder);
 template <typename Builder>
 void checkFields(const Builder& /*builder*/) {}
 
-/// The text of a document as a message quotes it: what follows its first 500 bytes becomes "...", so that a
-/// message stays short whatever a document holds.
+/// The text, truncated to 500 bytes and "..." if it is longer, so that messages that quote a document have a
+/// bounded length.
 std::string shortened(const std::string& text);
 
 /// Whether `text` is one of `list`, byte for byte.

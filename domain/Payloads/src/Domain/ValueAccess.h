@@ -9,7 +9,7 @@
 namespace norel::Desktop::Domain::Payloads {
 
 struct ValueAccess {
-    /// The fields in place, where a getter would copy them.
+    /// The fields by reference; a getter would copy them.
     template <typename Value>
     static const auto& fieldsOf(const Value& value) {
         return value.fields;
@@ -35,7 +35,7 @@ struct ValueAccess {
         list.append(std::forward<Profile>(profile));
     }
 
-    /// The value of the fields that `makeFields` returns, constructed in their place and then checked.
+    /// A value with the fields that `makeFields` returns, constructed in place and then checked.
     template <typename Value, typename MakeFields>
     static Value make(const MakeFields& makeFields) {
         return Value(makeFields);

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The keys of the document that more than its tables name.
+/// The keys of the document that are also used outside of its tables.
 namespace norel::Desktop::Domain::Payloads::Keys {
 
 inline constexpr const char* LIDAR = "lidar";

@@ -14,7 +14,7 @@ namespace norel::Desktop::Domain::Payloads {
 template <typename Value>
 struct DocumentTable;
 
-/// What the rows of a table name: the fields of the value and the members of its builder.
+/// The types that the rows of a table refer to: the fields of the value and its builder.
 template <typename Value>
 struct DocumentTableOf {
     using Fields = ValueAccess::Fields<Value>;
@@ -25,7 +25,7 @@ template <typename Value>
 inline constexpr std::size_t NUMBER_OF_ROWS =
     std::tuple_size_v<std::remove_cvref_t<decltype(DocumentTable<Value>::rows())>>;
 
-/// The positions of the rows in the order in which a value is read, which decides the error that is reported
+/// The indices of the rows in the order in which they are read, which decides the error that is reported
 /// first.
 template <typename Value>
 struct ReadingOrder {
@@ -36,14 +36,14 @@ inline constexpr unsigned int VALUE_ONLY = JsonProfileListSerializer::Options::V
 inline constexpr unsigned int NO_UNIT = JsonProfileListSerializer::Options::NO_UNIT;
 inline constexpr unsigned int NO_CONSTRAINTS = JsonProfileListSerializer::Options::NO_CONSTRAINTS;
 
-/// When a member stands in its object.
+/// When a member is present in its object.
 enum class Presence {
-    Required,  ///< always written, and required to be read
-    Optional,  ///< written when the value has it; reads as absent when it is absent or null
-    Defaulted, ///< left out, and may be absent to be read, when it equals the member of a fresh builder
+    Required,  ///< always written; required when read
+    Optional,  ///< written when the value has it; may be absent or null when read
+    Defaulted, ///< not written when it equals the default of the builder; may be absent when read
 };
 
-/// One member of an object: a declaration, which everything that walks documents stands on.
+/// The declaration of one member of an object, on which all reading and writing of documents is based.
 template <Presence PRESENCE, typename Fields, typename Field, typename Builder, typename Member>
 struct Row {
     using Options = JsonProfileListSerializer::Options;
@@ -52,10 +52,10 @@ struct Row {
 
     std::string key;
     Field Fields::*field;        ///< where the member is written from
-    Member Builder::*member;     ///< where it is read to
-    Options options{};           ///< the flags that the member is given
-    bool passesOptions = false;  ///< whether it is given the flags of its object instead
-    unsigned int excludedBy = 0; ///< the flags of the object that leave the member out of it
+    Member Builder::*member;     ///< where the member is read to
+    Options options{};           ///< the flags that are passed to the member
+    bool passesOptions = false;  ///< whether the flags of its object are passed instead
+    unsigned int excludedBy = 0; ///< the flags of the object that exclude the member
 
     Row passingOptions() const {
         Row row = *this;
@@ -71,7 +71,7 @@ struct Row {
 
     Options getOptions(Options ofObject) const { return passesOptions ? ofObject : options; }
 
-    /// Whether the member belongs to an object of these flags.
+    /// Whether an object with these flags has the member.
     bool isIncluded(Options ofObject) const { return !ofObject.hasAny(excludedBy); }
 
     bool isWritten(const Fields& fields, Options ofObject) const {

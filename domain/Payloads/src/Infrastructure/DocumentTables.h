@@ -4,8 +4,8 @@
 #include "DocumentRows.h"
 #include "ProcessingTables.h"
 
-/// The format of the profile-list document, a table an object, a row a key: parameters, profiles, sensors and
-/// georeferencing. The processing settings stand in ProcessingTables.h.
+/// The format of the profile-list document, with one table per object and one row per key: parameters,
+/// profiles, sensors and georeferencing. The processing settings are in ProcessingTables.h.
 namespace norel::Desktop::Domain::Payloads {
 
 template <typename T>

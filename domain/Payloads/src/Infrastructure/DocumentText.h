@@ -12,12 +12,12 @@
 #include <utility>
 #include <vector>
 
-/// Reads and writes documents without JSON values in between, by the document's tables and by Json::Reader
+/// Reads and writes documents without building JSON values, by the tables of the document and by Json::Reader
 /// and Json::Writer of hosts that have them.
 ///
-/// It reports no errors of its own: a failure only means that the same work must be done with JSON values,
-/// whose result or error counts. So it may refuse what is rare, but what it accepts must have the same
-/// result.
+/// Its errors are never reported: after a failure the caller repeats the operation with JSON values and uses
+/// that result or error. So it may reject rare but valid documents; for those that it accepts, the result
+/// must be the same.
 namespace norel::Desktop::Domain::Payloads {
 
 template <typename Json>
@@ -53,7 +53,7 @@ public:
 private:
     [[noreturn]] static void fail() { throw typename Json::JsonError("not read"); }
 
-    /// Anything but an object of a table and the types below is a scalar of the reader.
+    /// All types but those with a table and those below are scalars of the reader.
     template <typename Member>
     void read(Member& member, Options options) {
         if constexpr (requires { member.build(); })
@@ -92,8 +92,8 @@ private:
             read(items.emplace_back(), {});
     }
 
-    /// Members usually come in the order of the table, so each row in turn is tried first. Those in another
-    /// order and unknown ones are looked up.
+    /// Members usually come in the order of the table, so the next row is tried first. Only for other members
+    /// is the key looked up.
     template <typename Builder>
     void readObject(Builder& builder, Options options) {
         const auto& rows = DocumentTable<decltype(builder.build())>::rows();
@@ -114,7 +114,7 @@ private:
             const auto readIfNamed = [&](const auto& row, bool& isRowRead) {
                 if (isKnown || key != row.key || !row.isIncluded(options))
                     return;
-                if (isRowRead) // twice: the last one counts
+                if (isRowRead) // a duplicate key, of which the last wins: left to the JSON values
                     fail();
                 readMember(row, builder, options);
                 isKnown = isRowRead = true;
@@ -226,7 +226,7 @@ private:
         writer.endObject();
     }
 
-    /// The keys of a table, prepared once.
+    /// The keys of a table, escaped and quoted once.
     template <typename Value>
     static const auto& preparedKeys() {
         using Key = typename Json::Writer::Key;

@@ -7,8 +7,9 @@
 #include <utility>
 #include <vector>
 
-/// Reads and writes the objects and arrays of a document as JSON values, by the document's tables. Members
-/// are read and written by the virtual operations of the serializer, which a derived one may override.
+/// Reads and writes the objects and arrays of a document as JSON values, by the tables of the document.
+/// Members are read and written by the virtual operations of the serializer, which a derived serializer may
+/// override.
 namespace norel::Desktop::Domain::Payloads {
 
 /// An object or array that is being read.
@@ -97,7 +98,7 @@ DataFormat::Json writeArray(const JsonProfileListSerializer& serializer, const I
     return DataFormat::Json(std::move(elements));
 }
 
-/// Reads each element from `element` on into a fresh item and hands it to `take`.
+/// Reads each element, from `element` on, into a new item and passes that to `take`.
 template <typename Item, typename Take>
 void readArray(const JsonProfileListSerializer& serializer, const JsonProfileListSerializer::JsonPath& path,
                DataFormat::JsonConstIterator element, const Take& take) {
@@ -117,8 +118,8 @@ void readArray(const JsonProfileListSerializer& serializer, const JsonProfileLis
     readArray<Item>(serializer, path, begin, [&](Item&& item) { items.push_back(std::move(item)); });
 }
 
-/// Keeps a growing list from holding its profiles twice. The bound keeps a short text from claiming much
-/// memory.
+/// Reserves memory for the profiles, since a list that grows needs the memory of its profiles twice. The
+/// maximum keeps a short text from reserving much.
 inline void reserveProfiles(ProfileList& list, const DataFormat::Json& array) {
     constexpr std::size_t maximum = 2000;
     std::size_t count = 0;

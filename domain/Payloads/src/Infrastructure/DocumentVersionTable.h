@@ -7,14 +7,14 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// A version of the profile-list document that another one can be upgraded to.
+/// A version of the profile-list document to which the previous one can be upgraded.
 struct DocumentVersion {
     unsigned int number;
     std::string_view factoryDocument;
-    std::vector<DocumentVersions::Section> sections; ///< what it added or retuned
+    std::vector<DocumentVersions::Section> sections; ///< that it added or whose values it changed
 };
 
-/// In ascending order, the last one being the current version.
+/// In ascending order; the last one is the current version.
 std::span<const DocumentVersion> documentVersions();
 
 /// Null for a number that is not in the table.

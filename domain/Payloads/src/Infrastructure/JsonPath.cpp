@@ -51,7 +51,7 @@ std::string JsonPath::getPathString() const {
     std::string text;
     for (const std::string& step : getPath())
         text.append(step).append(".");
-    return text.substr(0, text.size() - (text.empty() ? 0 : 1)); // no "." after the last
+    return text.substr(0, text.size() - (text.empty() ? 0 : 1)); // without the final "."
 }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -88,7 +88,7 @@ Json Serializer::toJson(const DateTime::DateTime& value, Options options) const 
     return toJson(DateTime::DateTimeConversion::toIso8601(value), options);
 }
 
-// Every other value is an object of its table, or a leaf of the JSON value itself.
+// Every other type has a table, or is a scalar that JSON values support directly.
 
 Json Serializer::toJson(const Profile& value, Options options) const {
     return writeObject(*this, value, options);

@@ -4,7 +4,7 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Runs a reading operation; a failure of the JSON value leaves as ParsingError with the path.
+/// Runs `operation`, translating the errors of JSON values into ParsingError with the path.
 template <typename Operation>
 decltype(auto) withPath(const JsonProfileListSerializer::JsonPath& path, const Operation& operation) {
     try {

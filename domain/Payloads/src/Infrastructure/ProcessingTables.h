@@ -3,7 +3,8 @@
 #include "DocumentKeys.h"
 #include "DocumentRows.h"
 
-/// The format of the processing settings in the profile-list document, a table an object, a row a key.
+/// The format of the processing settings in the profile-list document, with one table per object and one row
+/// per key.
 namespace norel::Desktop::Domain::Payloads {
 
 template <>

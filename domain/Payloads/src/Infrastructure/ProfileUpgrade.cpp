@@ -16,35 +16,35 @@ namespace {
 using DataFormat::Json;
 using DocumentVersions::Section;
 
-/// The first profile of that product, ignoring the case of ASCII letters.
+/// The first profile for that product; the case of ASCII letters is ignored.
 Json findFactoryProfile(const Json& defaults, const std::string& product) {
-    const std::string wanted = Utils::StringConverter::toUpperCase(product);
+    const std::string upperCaseProduct = Utils::StringConverter::toUpperCase(product);
     const auto end = defaults.end();
     for (auto element = defaults.begin(); element != end; ++element) {
         Json profile = *element;
-        if (Utils::StringConverter::toUpperCase(profile.get(Keys::PRODUCT)) == wanted)
+        if (Utils::StringConverter::toUpperCase(profile.get(Keys::PRODUCT)) == upperCaseProduct)
             return profile;
     }
     throw std::invalid_argument("A profile cannot be upgraded because its product, \"" + shortened(product) +
                                 "\", is unknown.");
 }
 
-/// A null lidar is an absent one, as it is when a document is read.
+/// Null means no lidar, as when a document is read.
 bool hasLidar(const Json& profile) {
     return profile.contains(Keys::LIDAR) && !profile.getValue(Keys::LIDAR).isNull();
 }
 
-/// Copies the section, from its key at `step` on, from the factory profile's part of the document into the
-/// stored one's.
+/// Copies the section. `factory` and `stored` are the objects of both profiles that hold its key number
+/// `step`.
 void copySection(const Section& section, std::size_t step, const Json& factory, Json& stored) {
-    if (step > 0 && stored.isNull()) // Json::set would make it an object that holds this section alone
+    if (step > 0 && stored.isNull()) // Json::set would turn it into an object with this section only
         throw std::invalid_argument("A profile cannot be upgraded because its \"" + section[step - 1] +
                                     "\" is null.");
     const Json value = factory.getValue(section[step]);
     if (step + 1 == section.size()) {
         stored.set(section[step], value);
     } else {
-        Json inside = stored.getValue(section[step]); // a view: what is set in it is set in the profile
+        Json inside = stored.getValue(section[step]); // a view: setting a member changes the profile
         copySection(section, step + 1, value, inside);
     }
 }

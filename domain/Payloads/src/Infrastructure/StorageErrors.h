@@ -5,7 +5,7 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Runs the read of a storage; its failures leave as the storage errors with their text.
+/// Runs the read of a storage, translating its errors into storage errors with the same text.
 template <typename Read>
 ProfileList withReadErrors(const Read& read) {
     try {

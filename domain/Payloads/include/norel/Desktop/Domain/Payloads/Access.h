@@ -2,8 +2,8 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// The library's own way to the private fields of its values, which befriend it; defined in its sources only.
-/// It is no part of the interface: a program that defines it can make values that break their rules.
+/// Gives the library's sources access to the private fields of its values, which declare it a friend. Not
+/// part of the interface: a program that defines it can make values that violate their rules.
 struct ValueAccess;
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -9,13 +9,13 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// The settings of the boresight calibration: what to calibrate over, from which angles to start, and the
-/// accuracies assumed.
+/// The settings of the boresight calibration: the field of view to calibrate, the initial angles and the
+/// assumed accuracies.
 class NOREL_PAYLOADS_EXPORT BoresightCalibration {
 public:
     struct Builder;
 
-    /// the field of view calibrated over
+    /// the field of view to calibrate
     FieldOfViewRange getFieldOfView() const { return fields.fieldOfView; }
     Angles3 getInitialBoresightAngles() const { return fields.initialBoresightAngles; } ///< "deg"
     Parameter<unsigned int> getNumberOfCriteria() const { return fields.numberOfCriteria; }
@@ -47,7 +47,7 @@ private:
     Fields fields;
 };
 
-/// A fresh Builder does not build: its field of view has no unit.
+/// A default-constructed Builder is not valid: its field of view has no unit.
 struct NOREL_PAYLOADS_EXPORT BoresightCalibration::Builder {
     FieldOfViewRange::Builder fieldOfView;
     Angles3::Builder initialBoresightAngles;

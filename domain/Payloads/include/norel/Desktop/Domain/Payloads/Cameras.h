@@ -17,7 +17,7 @@ class NOREL_PAYLOADS_EXPORT Camera {
 public:
     struct Builder;
 
-    /// the direction it looks in: "a-left", "d-right", "w-front", "x-rear", "s-nadir" or "nadir"
+    /// the viewing direction: "a-left", "d-right", "w-front", "x-rear", "s-nadir" or "nadir"
     std::string getOrientation() const { return fields.orientation; }
     Vector3 getLeverArm() const { return fields.leverArm; }                       ///< "m"
     CameraAngles3 getBoresightAngles() const { return fields.boresightAngles; }   ///< "arcmin"
@@ -44,7 +44,7 @@ private:
     Fields fields;
 };
 
-/// Checks the orientation first; a fresh Builder does not build.
+/// Checks the orientation first; a default-constructed Builder is not valid.
 struct NOREL_PAYLOADS_EXPORT Camera::Builder {
     std::string orientation;
     Vector3::Builder leverArm;
@@ -60,7 +60,7 @@ class NOREL_PAYLOADS_EXPORT Cameras {
 public:
     struct Builder;
 
-    /// Valid as long as this value, and a copy where this value is a temporary.
+    /// A reference that is valid as long as this value; for a temporary value, a copy.
     const std::vector<Camera>& getListOfCameras() const& { return fields.listOfCameras; }
     std::vector<Camera> getListOfCameras() && { return std::move(fields.listOfCameras); }
 
@@ -84,7 +84,7 @@ private:
     Fields fields;
 };
 
-/// Throws std::invalid_argument also when an orientation repeats. An empty list builds.
+/// Throws std::invalid_argument also for a duplicate orientation. The list may be empty.
 struct NOREL_PAYLOADS_EXPORT Cameras::Builder {
     std::vector<Camera::Builder> listOfCameras;
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-/// The factory profiles of every supported product, as the document of each version since the second. Any
-/// thread may call these functions.
+/// The factory profiles of every supported product, as one document per version, from the second on.
+/// Thread-safe.
 namespace norel::Desktop::Domain::Payloads::DefaultProducts {
 
 /// The document of the current version (DocumentVersions::getCurrent).

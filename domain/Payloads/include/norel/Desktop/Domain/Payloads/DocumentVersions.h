@@ -6,10 +6,10 @@
 #include <vector>
 
 /// The versions of the profile-list document, numbered without gaps. A document carries no version number;
-/// the sections of its lidar profiles tell it. Any thread may call these functions.
+/// it follows from the sections of the lidar profiles. Thread-safe.
 namespace norel::Desktop::Domain::Payloads::DocumentVersions {
 
-/// A section of a profile object: the keys that lead to it.
+/// A section of a profile object, as the path of keys to it.
 using Section = std::vector<std::string>;
 
 /// The oldest version that can be upgraded.
@@ -18,8 +18,8 @@ NOREL_PAYLOADS_EXPORT unsigned int getFirst();
 /// The version that the library reads and writes.
 NOREL_PAYLOADS_EXPORT unsigned int getCurrent();
 
-/// The sections that a version added or retuned, in the order in which its upgrade step copies them; none for
-/// the first version and for an unknown one.
+/// The sections that a version added or whose values it changed, in the order in which its upgrade step
+/// copies them; none for the first version and for an unknown one.
 NOREL_PAYLOADS_EXPORT std::vector<Section> getSections(unsigned int version);
 
 } // namespace norel::Desktop::Domain::Payloads::DocumentVersions

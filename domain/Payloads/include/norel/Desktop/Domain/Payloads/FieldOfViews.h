@@ -12,7 +12,8 @@ namespace norel::Desktop::Domain::Payloads {
 /// An angular range in degrees. Its bounds are not limited and need not be symmetric.
 class NOREL_PAYLOADS_EXPORT FieldOfViewRange {
 public:
-    /// The fields of a range before they are checked; a fresh one has no unit and so does not build.
+    /// The fields of a range before they are checked. A default-constructed Builder is not valid: it has no
+    /// unit.
     struct NOREL_PAYLOADS_EXPORT Builder {
         double minimum = 0; ///< degrees, inclusive
         double maximum = 0; ///< degrees, inclusive
@@ -41,13 +42,13 @@ private:
     Fields fields;
 };
 
-/// One field of view that can be chosen.
+/// A selectable field of view.
 class NOREL_PAYLOADS_EXPORT FieldOfView {
 public:
     struct Builder;
 
-    FieldOfViewRange getView() const { return fields.view; } ///< the range scanned
-    /// the range kept; not related to the view by any rule
+    FieldOfViewRange getView() const { return fields.view; } ///< the scanned range
+    /// the range that is kept; no rule relates it to the view
     FieldOfViewRange getFilter() const { return fields.filter; }
     bool getIsDefault() const { return fields.isDefault; }
 
@@ -69,7 +70,7 @@ private:
     Fields fields;
 };
 
-/// A fresh Builder does not build: its ranges have no unit.
+/// A default-constructed Builder is not valid: its ranges have no unit.
 struct NOREL_PAYLOADS_EXPORT FieldOfView::Builder {
     FieldOfViewRange::Builder view;
     FieldOfViewRange::Builder filter;
@@ -84,7 +85,7 @@ class NOREL_PAYLOADS_EXPORT FieldOfViews {
 public:
     struct Builder;
 
-    /// Valid as long as this value, and a copy where this value is a temporary.
+    /// A reference that is valid as long as this value; for a temporary value, a copy.
     const std::vector<FieldOfView>& getListOfFieldOfViews() const& { return fields.listOfFieldOfViews; }
     std::vector<FieldOfView> getListOfFieldOfViews() && { return std::move(fields.listOfFieldOfViews); }
 
@@ -108,7 +109,8 @@ private:
     Fields fields;
 };
 
-/// Throws std::invalid_argument also when the list breaks a rule; a fresh Builder does not build.
+/// Throws std::invalid_argument also when the list violates a rule; a default-constructed Builder is not
+/// valid.
 struct NOREL_PAYLOADS_EXPORT FieldOfViews::Builder {
     std::vector<FieldOfView::Builder> listOfFieldOfViews;
 

@@ -17,7 +17,7 @@ public:
         std::string name;
         std::string content; ///< the whole text
 
-        /// Never fails.
+        /// Does not throw for any contents.
         CalibrationDocument build() const;
 
         bool operator==(const Builder&) const = default;
@@ -38,8 +38,8 @@ private:
     Fields fields;
 };
 
-/// How the lidar's measurements are tied to the trajectory: the fields of view it offers and its boresight,
-/// given as angles, as a calibration document or both.
+/// How the measurements of the lidar are georeferenced: its fields of view, and its boresight calibration
+/// given as angles, as a document or both.
 class NOREL_PAYLOADS_EXPORT Georeferencing {
 public:
     struct Builder;
@@ -72,7 +72,7 @@ private:
     Fields fields;
 };
 
-/// Throws also std::runtime_error when there are neither boresight angles nor a calibration document.
+/// Also throws std::runtime_error when there are neither boresight angles nor a calibration document.
 struct NOREL_PAYLOADS_EXPORT Georeferencing::Builder {
     FieldOfViews::Builder fieldOfViews;
     std::optional<Angles3::Builder> boresightAngles;

@@ -9,7 +9,7 @@
 
 namespace norel::Desktop::Domain::Payloads::GroundClassification {
 
-/// How points are gathered into planar regions; used for the interior and for the hull.
+/// How points are segmented into planar regions; used for the interior and for the hull.
 class NOREL_PAYLOADS_EXPORT Segmentation {
 public:
     struct Builder;
@@ -183,8 +183,8 @@ struct NOREL_PAYLOADS_EXPORT HullProcessing::Builder {
     HullProcessing build() const;
 };
 
-/// The settings of the ground classification and of the digital surface model made with it. Units are those
-/// of the factory profiles; no rule relates one setting to another.
+/// The settings of the ground classification and of the digital surface model derived from it. Units are
+/// those of the factory profiles; no rule relates one setting to another.
 class NOREL_PAYLOADS_EXPORT GroundClassification {
 public:
     struct Builder;
@@ -194,7 +194,7 @@ public:
     Parameter<unsigned int> getNumberOfNeighbors() const { return fields.numberOfNeighbors; }
     InteriorProcessing getInteriorProcessing() const { return fields.interiorProcessing; }
     HullProcessing getHullProcessing() const { return fields.hullProcessing; }
-    /// free-form names in a significant order; nothing ties the presets to them
+    /// free-form names in a significant order; the presets need not match them
     std::vector<std::string> getTerrainTypology() const { return fields.terrainTypology; }
     DigitalSurfaceModel getDigitalSurfaceModel() const { return fields.digitalSurfaceModel; }
 

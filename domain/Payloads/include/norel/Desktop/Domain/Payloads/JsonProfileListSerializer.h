@@ -13,10 +13,10 @@ namespace norel::Desktop::Domain::Payloads {
 /// Profile lists as JSON documents: an array of profile objects, indented by four spaces. An empty text is an
 /// empty list. Unknown members of a document are ignored.
 ///
-/// Every type of the model has a pair of virtual operations. `toJson` returns a value's JSON; `fromJson`
-/// fills a builder from the JSON at a path, throws ParsingError that ends in " at " and the path, and checks
-/// no rule of the model. They call one another virtually, so a derived serializer that overrides the
-/// operations of a type changes that type wherever it occurs.
+/// Every type of the model has a pair of virtual operations. `toJson` returns the JSON of a value. `fromJson`
+/// fills a builder from the JSON at a path without checking the rules of the model; it throws ParsingError,
+/// whose message ends in " at " and the path. They call one another virtually, so a derived serializer that
+/// overrides the operations of a type changes that type wherever it occurs.
 ///
 /// Stateless: several threads may share one.
 class NOREL_PAYLOADS_EXPORT JsonProfileListSerializer : public ProfileListSerializer {
@@ -24,8 +24,8 @@ public:
     using Json = DataFormat::Json;
     class JsonPath;
 
-    /// Which members of a Parameter object are written and read. Other objects choose the flags of their
-    /// members themselves; only Vector3 and Angles3 pass on those that they are given.
+    /// Which members of a Parameter object are written and read. Other objects define the flags of their
+    /// members themselves; only Vector3 and Angles3 pass on the flags that they receive.
     class Options {
     public:
         static constexpr unsigned int VALUE_ONLY = 1;     ///< no default, presets, bounds and precision
@@ -165,8 +165,8 @@ public:
     virtual void fromJson(const JsonPath& path, double& target, Options options) const;
 };
 
-/// A position in a document that is being read: a JSON value and the path that leads to it from the root. One
-/// object must not be used by several threads at once, even for reading.
+/// A position in a document that is being read: a JSON value and its path from the root. An object must not
+/// be used by several threads at once, even through const operations.
 class NOREL_PAYLOADS_EXPORT JsonProfileListSerializer::JsonPath {
 public:
     /// The root, with an empty path.
@@ -177,10 +177,10 @@ public:
 
     const Json& getValue() const { return json; }
 
-    /// The path to a member. Throws ParsingError with this path when there is none.
+    /// The path to a member. Throws ParsingError with this path when the member does not exist.
     JsonPath makePathToKey(const std::string& key) const;
 
-    /// The path to an element of this array, given with its index.
+    /// The path to the given element of this array, which has that index.
     JsonPath makePathToIndex(const Json& element, unsigned int index) const;
 
     bool contains(const std::string& key) const;
@@ -188,7 +188,7 @@ public:
     /// Whether the member is present and not null.
     bool isOptionalSet(const std::string& key) const;
 
-    /// The steps: the key of a member, "[INDEX]" for an element.
+    /// The steps from the root: the key of a member, "[INDEX]" for an element.
     const std::vector<std::string>& getPath() const;
 
     /// The steps joined by "."; empty for the root.
@@ -197,15 +197,15 @@ public:
 private:
     friend class DocumentReader;
 
-    // A path made by the library's own readers refers to its parent and its key, since the steps of most
-    // paths are never needed. A copy, and so every path returned to a caller, has its own steps.
+    // While the library reads, a path only refers to its parent and its key, since the steps of most paths
+    // are never needed. A copy, and so every path returned to a caller, holds its own steps.
     JsonPath(const JsonPath& parent, Json value, const std::string& key);
     JsonPath(const JsonPath& parent, Json value, unsigned int index);
     const Json
     getMember(const std::string& key) const; // NOLINT(readability-const-return-type): as Json::getValue
 
     Json json;
-    mutable std::vector<std::string> steps; // of a path with a parent, once they are asked for
+    mutable std::vector<std::string> steps; // of a path with a parent: filled when first requested
     const JsonPath* parentPath = nullptr;
     const std::string* lastKey = nullptr;
     unsigned int lastIndex = 0;

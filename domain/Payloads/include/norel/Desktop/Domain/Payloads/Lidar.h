@@ -15,12 +15,12 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// The lidar sensor of a payload and every setting that belongs to it.
+/// The lidar sensor of a payload and all of its settings.
 class NOREL_PAYLOADS_EXPORT Lidar {
 public:
     struct Builder;
 
-    /// of the sensor's data files, without a dot, such as "rxp"; may be empty
+    /// of the data files of the sensor, without a dot, such as "rxp"; may be empty
     std::string getFileExtension() const { return fields.fileExtension; }
     Parameter<double> getImuLatency() const { return fields.imuLatency; } ///< "sec"
     /// a signed permutation of the axes, such as "z y -x"
@@ -64,7 +64,7 @@ private:
     Fields fields;
 };
 
-/// Checks the alignment first; a fresh Builder does not build.
+/// Checks the alignment first; a default-constructed Builder is not valid.
 struct NOREL_PAYLOADS_EXPORT Lidar::Builder {
     std::string fileExtension;
     Parameter<double>::Builder imuLatency;

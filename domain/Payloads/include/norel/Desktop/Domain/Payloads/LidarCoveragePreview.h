@@ -11,7 +11,7 @@ class NOREL_PAYLOADS_EXPORT LidarCoveragePreview {
 public:
     struct Builder;
 
-    /// no unit, greater than 0 and smaller than 1
+    /// no unit, greater than 0 and less than 1
     Parameter<double> getDownsamplingRate() const { return fields.downsamplingRate; }
 
     bool operator==(const LidarCoveragePreview&) const = default;
@@ -30,7 +30,7 @@ private:
     Fields fields;
 };
 
-/// Checks the rate first; a fresh Builder does not build.
+/// Checks the rate first; a default-constructed Builder is not valid.
 struct NOREL_PAYLOADS_EXPORT LidarCoveragePreview::Builder {
     Parameter<double>::Builder downsamplingRate;
 

@@ -25,11 +25,12 @@ public:
         T maximum = std::numeric_limits<T>::max();    ///< inclusive
         T defaultValue = 0;
         std::map<std::string, T> presets; ///< named values
-        double precision = 1.0; ///< the resolution, a power of ten: its logarithm is whole within 0.001
-        std::string unit;       ///< "sec", "m", "deg", "arcmin", "pts/m^2", "px" or empty for none
+        double precision =
+            1.0; ///< the resolution, a power of ten: its base-10 logarithm is an integer within 0.001
+        std::string unit; ///< "sec", "m", "deg", "arcmin", "pts/m^2", "px" or empty for none
 
-        /// Throws std::invalid_argument that begins "Profile Parameter: " at the first rule that fails: the
-        /// order of the bounds, the default, the presets, the value, the unit, the precision.
+        /// Throws std::invalid_argument that begins "Profile Parameter: " for the first violated rule. They
+        /// are checked in this order: bounds, default, presets, value, unit, precision.
         Parameter build() const;
 
         bool operator==(const Builder&) const = default;

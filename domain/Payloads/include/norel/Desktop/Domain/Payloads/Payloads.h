@@ -3,9 +3,9 @@
 /// The whole public interface of the library, and the host contracts that it is built on.
 ///
 /// Values and builders. Every type of the model is an immutable value, made by its nested Builder: a plain
-/// structure with the same fields in the same order, to be assigned to. `build` is const and can be called
-/// repeatedly. It first checks the rules of the builder's own texts and numbers, then builds the members,
-/// then checks the rules that relate them. It throws at the first violation: std::invalid_argument, except
+/// structure with the same fields in the same order, all assignable. `build` is const and can be called
+/// repeatedly. It first checks the rules of the plain fields of the builder, then builds the members, then
+/// checks the rules that relate them. It throws at the first violation: std::invalid_argument, except
 /// where a type says otherwise, with a message that does not name the member. Members are built from the last
 /// field to the first, which decides the message when several are invalid, except where a Builder says
 /// otherwise; the items of a list from the first to the last. Getters return copies, and empty optionals for

@@ -122,7 +122,7 @@ public:
     }
     Distortion getDistortion() const { return fields.distortion; }
     Images getImages() const { return fields.images; }
-    /// free-form names in a significant order; nothing ties the presets to them
+    /// free-form names in a significant order; the presets need not match them
     std::vector<std::string> getTerrainTypology() const { return fields.terrainTypology; }
 
     bool operator==(const PointCloudDirectColorization&) const = default;

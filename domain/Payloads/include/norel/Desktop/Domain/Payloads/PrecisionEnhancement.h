@@ -6,7 +6,7 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// The rejection of points that lie apart from the surface around them.
+/// The rejection of outliers from the surrounding surface.
 class NOREL_PAYLOADS_EXPORT MorphologicalRejection {
 public:
     struct Builder;

@@ -25,7 +25,7 @@ public:
         using std::runtime_error::runtime_error;
     };
 
-    /// The id of a profile that no list has assigned an id to.
+    /// The id of a profile to which no list has assigned one.
     static constexpr unsigned int ID_IS_UNASSIGNED = 4294967295;
 
     unsigned int getId() const { return fields.id; }
@@ -69,7 +69,7 @@ private:
     Fields fields;
 };
 
-/// Throws also InvalidProfile, after its members are built; a fresh Builder does not build.
+/// Also throws InvalidProfile, once its members are built; a default-constructed Builder is not valid.
 struct NOREL_PAYLOADS_EXPORT Profile::Builder {
     unsigned int id = ID_IS_UNASSIGNED;
     std::string name;

@@ -12,7 +12,7 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// A position in a ProfileList, valid as long as the list is not changed: an input iterator.
+/// An input iterator of a ProfileList. Any change of the list invalidates it.
 class NOREL_PAYLOADS_EXPORT ProfileListConstIterator {
 public:
     using iterator_category = std::input_iterator_tag;
@@ -57,20 +57,20 @@ public:
     /// an empty list. Names need not be unique. Changes nothing when it throws.
     void add(Profile& profile);
 
-    /// Replaces the profile of the same id, in its position; does nothing when there is none. Changes nothing
-    /// when it throws.
+    /// Replaces the profile with the same id, in its position; does nothing when there is none. Changes
+    /// nothing when it throws.
     void update(const Profile& profile);
 
-    /// Removes the profile of that id, the others keep theirs; does nothing when there is none.
+    /// Removes the profile with that id; does nothing when there is none. The other profiles keep their ids.
     void remove(unsigned int id);
 
     bool existById(unsigned int id) const;
     bool existByName(const std::string& name) const;
 
-    /// The position of the profile of that id, or end().
+    /// The position of the profile with that id, or end().
     ProfileListConstIterator get(unsigned int id) const;
 
-    /// The first profile of that name, byte for byte; empty when there is none.
+    /// The first profile with exactly that name; empty when there is none.
     std::optional<Profile> getProfileByName(const std::string& name) const;
 
     std::size_t size() const { return profiles.size(); }

@@ -5,7 +5,7 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// The factory profiles of the supported products; read only. Several threads may share one.
+/// The factory profiles of the supported products; read only. Thread-safe.
 class NOREL_PAYLOADS_EXPORT ProfileListDefaultProductsStorage : public ProfileListStorage {
 public:
     /// Not supported: throws the host's unreachable-code error.

@@ -10,11 +10,11 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// A profile list in a file, reached through the application's text file store.
+/// A profile list in a file, which is read and written by the application's text file store.
 class NOREL_PAYLOADS_EXPORT ProfileListFileStorage : public ProfileListStorage {
 public:
-    /// Makes an empty file, which reads as an empty list, where there is nothing at `path`. A failure to make
-    /// it is ignored; the first read then fails. Throws std::filesystem::filesystem_error when the
+    /// Creates an empty file, which reads as an empty list, when nothing exists at `path`. A failure to
+    /// create it is ignored; the first read then fails. Throws std::filesystem::filesystem_error when the
     /// existence of the path cannot be determined. The pointers must not be null.
     ProfileListFileStorage(const std::filesystem::path& path,
                            const std::shared_ptr<Storage::TextFileStorage>& textFileStorage,

@@ -19,8 +19,8 @@ public:
         using std::runtime_error::runtime_error;
     };
 
-    /// `baseUrl` is prepended to "api/processing/v1/payload", so it ends with "/"; `requestKey` is sent with
-    /// every request. Nothing is validated and nothing is sent. The pointers must not be null.
+    /// `baseUrl` is prepended to "api/processing/v1/payload", so it must end with "/"; `requestKey` is sent
+    /// with every request. Nothing is validated and nothing is sent. The pointers must not be null.
     ProfileListHttpStorage(const std::string& baseUrl,
                            const std::shared_ptr<Networking::Http::HttpClient>& httpClient,
                            const std::string& requestKey,

@@ -25,7 +25,7 @@ public:
     virtual std::string serialize(const ProfileList& list) const = 0;
 
     /// Throws ParsingError for a text that is not a document, and the exceptions of the Builders for a
-    /// profile that breaks a rule. The first failure ends the read; no partial list is returned.
+    /// profile that violates a rule. The first failure ends the read; no partial list is returned.
     virtual ProfileList deserialize(const std::string& text) const = 0;
 };
 

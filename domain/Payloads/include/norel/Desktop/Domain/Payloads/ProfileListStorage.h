@@ -7,10 +7,10 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// Keeps a whole profile list. A storage caches nothing between calls: every read fetches the current
-/// document, every write replaces all of it. Each error has the message of its cause unchanged.
+/// Stores a whole profile list. A storage caches nothing between calls: every read fetches the current
+/// document, every write replaces all of it. Errors have the unchanged message of their cause.
 ///
-/// Threads: a storage has no lock of its own; the application must serialize access to a document.
+/// Threads: a storage does no locking; the application must serialize access to a document.
 class NOREL_PAYLOADS_EXPORT ProfileListStorage {
 public:
     /// The document exists but is not a profile-list document.
@@ -18,7 +18,7 @@ public:
         using std::runtime_error::runtime_error;
     };
 
-    /// The document could not be obtained, or a profile in it breaks a rule of the model.
+    /// The document could not be obtained, or a profile in it violates a rule of the model.
     struct NOREL_PAYLOADS_EXPORT CannotReadProfileList : std::runtime_error {
         using std::runtime_error::runtime_error;
     };

@@ -69,7 +69,7 @@ class NOREL_PAYLOADS_EXPORT Sampling {
 public:
     struct Builder;
 
-    /// one point of so many is read
+    /// N: one of N points is read
     Parameter<unsigned int> getReadFractionDenominator() const { return fields.readFractionDenominator; }
     Parameter<unsigned int> getNormalSampleSize() const { return fields.normalSampleSize; }
     Parameter<double> getUniformSamplingRadius() const { return fields.uniformSamplingRadius; } ///< "m"
@@ -142,7 +142,7 @@ struct NOREL_PAYLOADS_EXPORT Rejection::Builder {
     Rejection build() const;
 };
 
-/// When the least-squares minimization ends.
+/// The termination criteria of the least-squares minimization.
 class NOREL_PAYLOADS_EXPORT Minimization {
 public:
     struct Builder;

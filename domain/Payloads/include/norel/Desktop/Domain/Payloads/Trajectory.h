@@ -44,7 +44,7 @@ private:
     Fields fields;
 };
 
-/// Checks the GNSS standard deviation first; a fresh Builder does not build.
+/// Checks the GNSS standard deviation first; a default-constructed Builder is not valid.
 struct NOREL_PAYLOADS_EXPORT Imu::Builder {
     Vector3::Builder leverArm;
     Vector3::Builder leverArmAntenna;
@@ -86,7 +86,7 @@ private:
     Fields fields;
 };
 
-/// Checks the stabilized mount first; a fresh Builder does not build.
+/// Checks the stabilized mount first; a default-constructed Builder is not valid.
 struct NOREL_PAYLOADS_EXPORT Trajectory::Builder {
     Imu::Builder imuOnboard;
     std::optional<Imu::Builder> imuExternal;

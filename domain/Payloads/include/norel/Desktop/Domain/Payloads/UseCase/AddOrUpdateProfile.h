@@ -8,8 +8,8 @@
 
 namespace norel::Desktop::Domain::Payloads::UseCase {
 
-/// Stores a profile: replaces the stored one of the same id, or appends it to the list. One read-change-write
-/// cycle, not atomic: the application must serialize the use cases that share a storage.
+/// Stores a profile: replaces the stored one with the same id, or appends it to the list. One
+/// read-modify-write cycle, not atomic: the application must serialize the use cases that share a storage.
 class NOREL_PAYLOADS_EXPORT AddOrUpdateProfile {
 public:
     /// Throws std::runtime_error that names the first pointer that is null.
@@ -18,7 +18,7 @@ public:
 
     /// Sets the times of the caller's profile to the current time (both when it is added, the modification
     /// time when it is updated), assigns an id to it when it is added (ProfileList::add), and stores it.
-    /// Throws what the storage and the clock throw; after a failed read the caller's profile is as it was.
+    /// Throws what the storage and the clock throw; when the read fails, the caller's profile is unchanged.
     void execute(Profile& profile);
 
 private:

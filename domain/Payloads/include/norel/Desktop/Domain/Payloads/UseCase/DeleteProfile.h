@@ -7,13 +7,13 @@
 
 namespace norel::Desktop::Domain::Payloads::UseCase {
 
-/// Deletes a stored profile. One read-change-write cycle, not atomic.
+/// Deletes a stored profile. One read-modify-write cycle, not atomic.
 class NOREL_PAYLOADS_EXPORT DeleteProfile {
 public:
     /// Throws std::runtime_error that names the first pointer that is null.
     explicit DeleteProfile(const std::shared_ptr<ProfileListStorage>& profileListStorage);
 
-    /// Writes the storage only when it has a profile of that id. Throws what the storage throws.
+    /// Writes the storage only when it has a profile with that id. Throws what the storage throws.
     void execute(unsigned int id);
 
 private:
