@@ -1,4 +1,4 @@
-# Writes a C++ source of norel_embed.
+# Writes a C++ source with the bytes of a file; called by norel_embed.
 file(READ ${INPUT} bytes HEX)
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
 file(WRITE ${OUTPUT} "#include \"${HEADER}\"

@@ -1,6 +1,6 @@
-# norel_embed(TARGET NAMESPACE HEADER FILES...): compiles the files byte for byte into TARGET. HEADER, generated for the
-# sources of TARGET, declares a function `std::string_view NAMESPACE::NAME()` for each, where NAME is the file's name
-# without extension and hyphens ("version-2.json" gives version2()). A change of a file rebuilds it.
+# norel_embed(TARGET NAMESPACE HEADER FILES...): embeds the files byte for byte in TARGET. The generated HEADER, which
+# the sources of TARGET can include, declares a function `std::string_view NAMESPACE::NAME()` for each file, where NAME
+# is the file name without extension and hyphens (version2() for "version-2.json"). A change of a file rebuilds TARGET.
 function(norel_embed target namespace header)
     set(folder ${CMAKE_CURRENT_BINARY_DIR}/embedded)
     set(declarations)

@@ -1,4 +1,4 @@
-# What `cmake --install` gives to others: find_package(norel-payloads CONFIG) and pkg-config.
+# Installs the files for find_package(norel-payloads CONFIG) and for pkg-config.
 
 include(CMakePackageConfigHelpers)
 

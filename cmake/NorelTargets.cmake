@@ -1,4 +1,4 @@
-# How every target of the project is built: the language, the warnings, the sanitizers, the exports.
+# The common settings of all targets: language standard, warnings, sanitizers, exported symbols.
 
 include(GenerateExportHeader)
 
@@ -28,7 +28,7 @@ endfunction()
 
 # norel_add_library(TARGET SHORT_NAME EXPORT_HEADER SOURCES ...)
 #
-# Adds the installed shared library TARGET with the alias norel::SHORT_NAME and its generated export header, which
+# Adds the shared library TARGET, to be installed, with the alias norel::SHORT_NAME and a generated export header, which
 # defines NOREL_<SHORT_NAME>_EXPORT and is included as EXPORT_HEADER.
 function(norel_add_library target shortName exportHeader)
     cmake_parse_arguments(PARSE_ARGV 3 ARG "" "" "SOURCES")
@@ -56,7 +56,7 @@ function(norel_add_library target shortName exportHeader)
     endif()
 endfunction()
 
-# Adds the target whose precompiled headers all tests share.
+# Adds the target with the precompiled headers that all tests share.
 function(norel_precompile_test_headers)
     if(TARGET norel-test-headers)
         return()
@@ -72,7 +72,7 @@ function(norel_precompile_test_headers)
     target_precompile_headers(norel-test-headers PRIVATE <gmock/gmock.h>)
 endfunction()
 
-# norel_add_test(TARGET SOURCES ... LIBRARIES ...): a GoogleTest program whose cases CTest runs.
+# norel_add_test(TARGET SOURCES ... LIBRARIES ...): adds a GoogleTest program, each of whose tests is a CTest test.
 function(norel_add_test target)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES")
     add_executable(${target} ${ARG_SOURCES})
@@ -81,7 +81,7 @@ function(norel_add_test target)
         target_compile_options(${target} PRIVATE -O0) # tests take longer to compile than to run
     endif()
     target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
-    if(NOT CMAKE_CXX_COMPILER_LAUNCHER) # a compiler cache does not keep what uses precompiled headers
+    if(NOT CMAKE_CXX_COMPILER_LAUNCHER) # compiler caches do not cache compilations with precompiled headers
         norel_precompile_test_headers()
         target_precompile_headers(${target} REUSE_FROM norel-test-headers)
     endif()
