@@ -15,7 +15,7 @@ int main() {
     builder.product = "Tessaly Alpha";
     builder.trajectory.imuOnboard.gnssStandardDeviation = "SD10cm";
     builder.trajectory.stabilizedMount = "none";
-    Profile profile = builder.build(); // throws, naming the rule, when one is broken
+    Profile profile = builder.build(); // throws when a rule is violated
     UseCase::AddOrUpdateProfile(storage, std::make_shared<DateTime::SystemClockProvider>()).execute(profile);
     for (const Profile& stored : UseCase::GetProfileListFromStorage(storage).execute())
         std::cout << stored.getId() << " " << stored.getName() << "\n";

@@ -24,7 +24,7 @@ struct Address {
     std::string password;
     std::string url; ///< without user and password
 
-    /// For messages, foreign text: the url without query and fragment. With a "@" left in it, which may
+    /// For messages; untrusted text: the url without query and fragment. If it still contains "@", which may
     /// follow a mistyped user part, it is a description instead.
     std::string displayUrl;
 };

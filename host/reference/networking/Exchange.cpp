@@ -81,8 +81,7 @@ std::string timeoutReason(CURL* connection, const RequestContext& context) {
            std::to_string(options.lowSpeedDuration.count()) + " s";
 }
 
-/// Why there is no answer. `detail` is libcurl's message, which says for example what is wrong with a
-/// certificate.
+/// Why there is no answer. `detail` is the message of libcurl, for example the problem with a certificate.
 std::string reasonOf(CURLcode code, CURL* connection, const char* detail, const RequestContext& context) {
     if (code == CURLE_OPERATION_TIMEDOUT)
         return timeoutReason(connection, context);

@@ -22,8 +22,8 @@ void requireAtMost(std::uint64_t size, Limit limit, const char* unit, const char
         throw RequestError(std::string(what) + " is longer than " + std::to_string(limit) + ' ' + unit);
 }
 
-/// Framing may take as much as the body; it is counted as it comes over the wire because libcurl drops some
-/// of it without a word, such as the extensions of chunks and blocks of a compressed body that hold nothing.
+/// Framing may be as large as the body. All received bytes are counted because libcurl silently drops some,
+/// such as chunk extensions and the empty blocks of a compressed body.
 std::uint64_t maximumTransferBytes(std::uint64_t maximumBodyBytes) {
     constexpr std::uint64_t maximum = std::numeric_limits<std::uint64_t>::max();
     return maximumBodyBytes > (maximum - MAXIMUM_OVERHEAD_BYTES) / 2
@@ -40,9 +40,9 @@ std::string toLowerCase(std::string_view text) {
 }
 
 std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
-    const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
-    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
+    constexpr std::string_view whitespace = " \t\r\n";
+    const std::size_t begin = std::min(text.find_first_not_of(whitespace), text.size());
+    return text.substr(begin, text.find_last_not_of(whitespace) + 1 - begin);
 }
 
 /// Adds what a header line says to `encodings`; throws for anything but one of those accepted. Libcurl would

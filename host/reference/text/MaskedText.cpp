@@ -50,7 +50,7 @@ SpelledByte decodeSpelling(std::string_view text) {
     return {};
 }
 
-/// How many bytes of `text` spell `secret` or as much of it as counts; 0 when they do not.
+/// How many bytes of `text` spell `secret` or a beginning of it that is masked; 0 when they do not.
 std::size_t matchSecret(std::string_view text, std::string_view secret) {
     std::size_t position = 0;
     std::size_t matched = 0;

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-/// Text of foreign origin made fit for messages and terminals. Internal to the reference host and the tools;
-/// any thread may call these functions.
+/// Makes untrusted text safe for messages and terminals. Internal to the reference host and the tools;
+/// thread-safe.
 namespace norel::Desktop::Text {
 
 struct Character {
@@ -18,11 +18,11 @@ Character decodeCharacter(std::string_view text);
 
 /// `text` on one line with every control, every character that is invisible or changes the direction of
 /// writing and every byte that is not UTF-8 escaped: "\n", "\r", "\t", "\u001b" as in JSON (a surrogate pair
-/// beyond U+FFFF), and
-/// "\xff" for a byte. Joiners and variation selectors are kept: words and emoji need them.
+/// beyond U+FFFF), and "\xff" for a byte. Joiners and variation selectors are kept: words and emoji need
+/// them.
 std::string printableText(std::string_view text);
 
-/// The same of the first `maximumBytes` bytes of `text`, rounded down to whole characters; "..." stands for
+/// The same for the first `maximumBytes` bytes of `text`, rounded down to whole characters; "..." stands for
 /// the rest.
 std::string printableText(std::string_view text, std::size_t maximumBytes);
 

@@ -70,7 +70,7 @@ std::optional<T> readAs(const std::string& text) {
                                                                           : std::nullopt;
 }
 
-TEST(JsonReader, TakesIntegersThatTheTypeHolds) {
+TEST(JsonReader, AcceptsIntegersInTheRangeOfTheType) {
     const struct {
         const char* text;
         std::optional<int> number;
@@ -153,7 +153,7 @@ std::string damaged(std::string text, std::mt19937& random) {
     return text;
 }
 
-TEST(JsonReader, TakesNothingThatTheParserRefusesOrReadsOtherwise) {
+TEST(JsonReader, AcceptsNothingThatTheParserRejectsOrReadsDifferently) {
     const std::string texts[] = {
         R"([1,-2,{"key":[0.5,1e5,-0.0,-0,"\u00e9\n\"",null,true,false,{}],"b":[]}])",
         R"({"maximum":   9007199254740993,"list":[[["x"]],12345678901234567890,-123.456e-7,0.30000000000000004]})"};

@@ -161,7 +161,7 @@ TEST_F(DurableTextFileStorageTest, ReadsWhatItWrote) {
     EXPECT_THAT(names(), ElementsAre("file", "relative", "sub"));
 }
 
-TEST_F(DurableTextFileStorageTest, SyncsTheTextBeforeItTakesItsNameAndTheFolderAfter) {
+TEST_F(DurableTextFileStorageTest, SyncsTheTextBeforeTheRenameAndTheFolderAfterwards) {
     std::vector<std::string> log;
     calls->onCall = [&](std::string_view call, int synced, const std::string&) {
         if (call == "fsync")
@@ -383,7 +383,7 @@ TEST_F(DurableTextFileStorageTest, FollowsLinksAndKeepsThem) {
     EXPECT_THAT(names(), ElementsAre("file", "sub", "sub/inner", "sub/made"));
 }
 
-TEST_F(DurableTextFileStorageTest, RefusesWhatIsNoFile) {
+TEST_F(DurableTextFileStorageTest, RejectsWhatIsNotARegularFile) {
     ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0666), 0);
     fs::create_symlink("fifo", folder / "fifolink");
     fs::create_symlink("sub", folder / "sublink");
@@ -457,7 +457,7 @@ TEST_F(DurableTextFileStorageTest, CreatesOnlyWhereNothingIs) {
     EXPECT_THAT(names(), ElementsAre("dangling", "file", "sub", "sub/raced"));
 }
 
-TEST_F(DurableTextFileStorageTest, HandlerHearsOfHardLinksAndMayStopTheWrite) {
+TEST_F(DurableTextFileStorageTest, ReportsHardLinksToTheHandlerWhichMayCancelTheWrite) {
     fs::create_hard_link(file, folder / "other");
     const std::string notice = "the other hard links of \"" + file.string() + "\" keep the old text";
     DurableTextFileStorage stopped([](const std::string& text) { throw std::runtime_error(text); });
@@ -506,14 +506,14 @@ TEST_F(DurableTextFileStorageTest, RemovesWhatKilledWritersLeftAndNothingElse) {
 }
 
 TEST_F(DurableTextFileStorageTest, NeverWritesIntoAnothersTemporaryFile) {
-    fs::path foreign;
+    fs::path unrelated;
     calls->onCall = [&](std::string_view call, int, const std::string& name) {
         if (call == "openat" && name.ends_with(".tmp"))
-            std::ofstream(foreign = folder / name) << "another's";
+            std::ofstream(unrelated = folder / name) << "another's";
         return 0;
     };
     expectFailure("write", file, ": cannot create a file in its folder: File exists");
-    EXPECT_EQ(textOf(foreign), "another's");
+    EXPECT_EQ(textOf(unrelated), "another's");
     EXPECT_EQ(textOf(file), "old");
 }
 

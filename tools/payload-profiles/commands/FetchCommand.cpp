@@ -21,7 +21,7 @@ void fetch(Context& context, const FetchArguments& arguments) {
         throw Failure(arguments.source.getName(), "an address begins with http:// or https://");
     requireChangeable(arguments.file);
     if (!arguments.force)
-        requireNoFile(arguments.file); // saves the download; what counts is decided under the lock
+        requireNoFile(arguments.file); // avoids a useless download; checked again under the lock
     const auto expected =
         arguments.force ? FileToChange::Expected::Anything : FileToChange::Expected::Nothing;
     const ProfileList list = readSource(context.documents, arguments.source);

@@ -26,7 +26,7 @@ FileLock lockExpected(const std::string& file, FileToChange::Expected expected, 
     return lockFile(file, wait);
 }
 
-/// Creates the file where it is missing and may be; the result tells whether it did.
+/// Creates a missing file where that is allowed; returns whether it did.
 bool createIfMissing(const DocumentAccess& documents, const std::string& file,
                      FileToChange::Expected expected) {
     using Expected = FileToChange::Expected;

@@ -7,7 +7,7 @@
 
 namespace norel::Desktop::PayloadProfiles {
 
-/// Whether a report tells what was done, or in a dry run what would be.
+/// Whether a report describes what was done or, in a dry run, what would be done.
 enum class Tense { Done, WouldBe };
 
 /// What a merge did with each profile of the source, a line each, and the totals. `before` and `after` are

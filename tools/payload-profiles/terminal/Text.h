@@ -12,7 +12,7 @@ using Text::getDisplayWidth;
 using Text::printableJson;
 using Text::shortened;
 
-/// A text of foreign origin on one line, with everything escaped that could steer a terminal.
+/// Untrusted text on one line, with everything escaped that could control a terminal.
 std::string printable(std::string_view text);
 
 /// `text`, printable, between quotation marks.

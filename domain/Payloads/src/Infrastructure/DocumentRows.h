@@ -78,8 +78,8 @@ struct Row {
         if (!isIncluded(ofObject))
             return false;
         if constexpr (presence == Presence::Defaulted) {
-            static const Builder fresh;
-            return fields.*field != fresh.*member;
+            static const Builder defaults;
+            return fields.*field != defaults.*member;
         } else if constexpr (presence == Presence::Optional && requires { (fields.*field).has_value(); }) {
             return (fields.*field).has_value();
         } else {

@@ -78,11 +78,11 @@ void DurableTextFileStorage::write(const fs::path& path, const std::string& text
         if (status->st_nlink > 1 && noticeHandler)
             noticeHandler("the other hard links of \"" + path.string() + "\" keep the old text");
     }
-    // A file that replaces another is its owner's alone until it has the other's access.
+    // A file that replaces another can be accessed only by its owner until it has the access of the other.
     TemporaryFile temporary(operation, target, replaced ? 0600 : 0666);
     temporary.removeAbandonedFiles();
     temporary.write(text);
-    if (replaced) // after the writing, which takes a set-user-ID bit away
+    if (replaced) // after writing, which clears a set-user-ID bit
         copyAccess(operation, *replaced, temporary.getFile(), path, noticeHandler);
     temporary.sync();
     temporary.replaceTarget();

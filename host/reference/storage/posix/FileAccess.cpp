@@ -14,7 +14,7 @@ constexpr mode_t SET_ID_BITS = 07000; // and the sticky bit
 
 bool isNotSupported(int error) { return error == ENOTSUP || error == EOPNOTSUPP || error == ENOSYS; }
 
-/// Whether the system does not allow or not offer something, as opposed to having failed at it.
+/// Whether the operation is not permitted or not supported, as opposed to having failed.
 bool isRefusal(int error) {
     return error == EPERM || error == EACCES || error == EINVAL || isNotSupported(error);
 }
@@ -35,15 +35,16 @@ public:
 
     const std::string& getBytes() const { return bytes; }
 
-    /// Leaves no entry more than the owner's: the former owner may come under any other.
+    /// Limits all entries to the permissions of the owner, since any of them may now apply to the former
+    /// owner.
     void limitToOwner() {
         const int owner = getPermissions(OWNER);
         for (std::size_t entry = HEADER_SIZE; entry < bytes.size(); entry += ENTRY_SIZE)
             bytes[entry + 2] = static_cast<char>(bytes[entry + 2] & owner);
     }
 
-    /// The mode of a file that loses the list: its group gets what the list gives each of the group's
-    /// members, others, among whom are now those whom the list excludes, nothing.
+    /// The mode of a file that loses the list. Its group gets the permissions that the list gives to all
+    /// members of the group. Others get none, since the list may have excluded some of them.
     mode_t getModeWithoutList(bool keepsGroup) const {
         const int group = keepsGroup ? getPermissions(NAMED_USER | GROUP | MASK) : 0;
         return static_cast<mode_t>(getPermissions(OWNER) << 6 | group << 3);
@@ -124,7 +125,7 @@ private:
             return ENOTSUP;
         std::string value, present;
         if (const int error = readAttribute(from, name, value); error != 0)
-            return error == ENODATA ? 0 : error; // somebody removed it
+            return error == ENODATA ? 0 : error; // removed meanwhile
         if (readAttribute(to, name, present) == 0 && present == value)
             return 0;
         return setAttribute(name, value);
@@ -184,7 +185,7 @@ private:
         return owner << 6 | group << 3 | others;
     }
 
-    /// Fails unless the system does not allow or not offer it.
+    /// Fails unless the operation is not permitted or not supported.
     void refuse(const std::string& what, int error) const {
         if (!isRefusal(error))
             fail(what, error);

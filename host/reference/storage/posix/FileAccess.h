@@ -8,10 +8,10 @@
 
 namespace norel::Desktop::Storage {
 
-/// Gives the new file `to`, which is its owner's alone so far, the owner, group, mode, access control list
-/// and extended attributes of the open file `from`, as far as the system lets the caller. What the system
-/// refuses is told to `onNotCarriedOver`, if there is one, and nobody but the new owner gets a right that
-/// they do not have to `from`. `path` names `from` in these notices.
+/// Copies the owner, group, mode, access control list and extended attributes of the open file `from` to the
+/// new file `to`, which only its owner can access so far. What the system does not allow is reported to
+/// `onNotCarriedOver`, if there is one, with `path` as the name of `from`; no user but the new owner then
+/// gets permissions that they do not have on `from`.
 void copyAccess(const Operation& operation, int from, int to, const std::filesystem::path& path,
                 const std::function<void(const std::string&)>& onNotCarriedOver);
 

@@ -78,7 +78,7 @@ public:
 
     const char* getName() const { return name.c_str(); }
 
-    /// The status of what has the name; of a symbolic link, its own.
+    /// The status of the file with the name; symbolic links are not followed.
     std::optional<struct stat> findStatus() const;
 
     /// Makes the changes of the folder durable; `detail` says what holds if that fails. A file system that

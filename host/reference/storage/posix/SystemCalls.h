@@ -48,7 +48,7 @@ protected:
     /// none). The call is made when the result is 0; otherwise it fails with the result as its errno.
     virtual int before(const char* call, int file, const char* name);
 
-    std::size_t longestWrite = std::size_t{1} << 30U; ///< some systems refuse more than 2 GiB at once
+    std::size_t longestWrite = std::size_t{1} << 30U; ///< some systems do not write more than 2 GiB at once
 
 private:
     template <typename Function>

@@ -64,7 +64,7 @@ int TemporaryFile::createFile(mode_t mode) const {
     const int result = operation.run(
         [&] { return system.openat(target.getFolder(), name.c_str(), O_WRONLY | O_CREAT | O_EXCL, mode); },
         ": cannot create a file in its folder");
-    // Some file systems have no locks; the file is then protected by its age alone.
+    // Some file systems have no locks; the file is then protected only by its age.
     Operation::attempt([&] { return system.flock(result, LOCK_EX | LOCK_NB); });
     return result;
 }
@@ -82,11 +82,11 @@ void TemporaryFile::removeAbandonedFiles() const {
 void TemporaryFile::removeAbandonedFile(const std::string& abandoned, const struct stat& ownStatus) const {
     const int folder = target.getFolder();
     struct stat status {};
-    // The file system's clock gave both times.
+    // Both times are from the clock of the file system.
     if (system.fstatat(folder, abandoned.c_str(), status) != 0 || !S_ISREG(status.st_mode) ||
         ownStatus.st_mtime - status.st_mtime < ABANDONED_AFTER)
         return;
-    // For writing: some file systems lock no file that is open for reading alone.
+    // For writing: some file systems do not lock files that are open only for reading.
     const Descriptor opened(system.openat(folder, abandoned.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK));
     if (opened >= 0 && system.flock(opened, LOCK_EX | LOCK_NB) == 0)
         system.unlinkat(folder, abandoned.c_str());
@@ -117,7 +117,7 @@ void TemporaryFile::becomeTarget() {
     }
     if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP && errno != EOPNOTSUPP)
         operation.fail(errno);
-    // Not every system and file system has such a rename.
+    // Not all systems and file systems support such a rename.
     operation.run([&] { return system.linkat(folder, name.c_str(), target.getName()); });
     removeTemporaryName();
 }

@@ -49,7 +49,7 @@ bool isSameFile(int descriptor, const fs::path& path) {
 
 bool isUnwritable(int error) { return error == EACCES || error == EPERM || error == EROFS; }
 
-/// Creates the lock file; empty when somebody else has just created it.
+/// Creates the lock file; empty when another process has just created it.
 std::optional<int> create(const fs::path& lockFile) {
     const int descriptor = ::open(lockFile.c_str(), COMMON_FLAGS | O_CREAT | O_EXCL, 0600);
     if (descriptor >= 0) {

@@ -19,17 +19,17 @@ class SystemCalls;
 ///
 /// Access: a new file gets the mode that the caller's umask, or the default access control list of its
 /// folder, allows. A replaced file keeps its mode, owner, group, POSIX access control list and extended
-/// attributes. What the system does not let the caller set is left out, and nobody but the new owner gets a
-/// right that they did not have:
-/// - without the owner or the group, the set-user-ID and set-group-ID bits go;
+/// attributes. What the system does not let the caller set is left out, and no user but the new owner gets
+/// a permission that they did not have:
+/// - without the owner or the group, the set-user-ID and set-group-ID bits are cleared;
 /// - without the owner, nobody has more rights than the owner had;
 /// - without the group, the new group and all others have the rights that both the group and others had;
 /// - without the access control list, or without the group of a file that has one, only the owner keeps all
 ///   rights; the group, if kept, keeps those that the list gave all its members, and others have none.
 /// Not carried over are other hard links, which keep the old text, time stamps, access control lists of other
-/// kinds (NFSv4), in whose place the mode stands, and the attributes security.capability, security.ima and
+/// kinds (NFSv4), which the mode replaces, and the attributes security.capability, security.ima and
 /// security.evm, which hold for the old text. On systems other than Linux access control lists and extended
-/// attributes are not looked at.
+/// attributes are ignored.
 ///
 /// The caller needs to be allowed to read and to write the folder, which for a moment holds a second file
 /// ".norel-*.tmp". The next write of the same file removes those that killed writers left, once they are an
@@ -41,15 +41,15 @@ class SystemCalls;
 /// it.
 ///
 /// Several threads may share a store if they may call its handler at the same time. Of two writers of one
-/// file the last one wins.
+/// file, the last one wins.
 class NOREL_STORAGE_EXPORT DurableTextFileStorage : public TextFileStorage {
 public:
     /// Takes a sentence, such as: the owner of "profiles.json" is not carried over: Operation not permitted
     using NoticeHandler = std::function<void(const std::string& notice)>;
 
-    /// The handler, if there is one, is called by `write` and `create`, in their thread, for each thing that
-    /// is not carried over, time stamps and the three attributes excepted. The file is not yet in place then:
-    /// an exception of the handler leaves everything as it was and reaches the caller.
+    /// The handler, if there is one, is called by `write` and `create`, in their thread, for each property
+    /// that is not carried over, time stamps and the three attributes excepted. The file is not yet in place
+    /// then: an exception of the handler leaves everything as it was and reaches the caller.
     explicit DurableTextFileStorage(NoticeHandler onNotCarriedOver = {});
 
     std::string read(const std::filesystem::path& path) override;

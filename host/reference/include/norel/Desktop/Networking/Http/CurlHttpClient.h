@@ -46,7 +46,7 @@ public:
         std::chrono::milliseconds totalTimeout = std::chrono::minutes(5);
 
         /// A request fails that receives fewer bytes of the encoded body per second (1 to 2^31 - 1) for this
-        /// long (1 s to 2^31 - 1 s). Waiting for the answer to begin counts.
+        /// long (1 s to 2^31 - 1 s). This includes waiting for the answer to begin.
         std::uint32_t lowSpeedBytesPerSecond = 100;
         std::chrono::seconds lowSpeedDuration = std::chrono::seconds(30);
 
