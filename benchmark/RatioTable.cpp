@@ -4,14 +4,6 @@
 #include <cstdio>
 
 namespace norel::Benchmark {
-namespace {
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-} // namespace
 
 bool RatioTable::ReportContext(const Context& /*context*/) { return true; }
 
@@ -22,22 +14,35 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
                 run.real_accumulated_time / static_cast<double>(run.iterations));
 }
 
-void RatioTable::printRatio(const std::string& row, const std::string& base, double scale) const {
+RatioTable::Ratios RatioTable::ratios(const std::string& row, const std::string& base, double scale) const {
+    Ratios ratios;
     const auto above = seconds.find(row);
     const auto below = seconds.find(base);
     if (above == seconds.end() || below == seconds.end())
-        return; // filtered out
-    std::vector<double> ratios;
+        return ratios;
     for (std::size_t i = 0; i < std::min(above->second.size(), below->second.size()); ++i)
         ratios.push_back(scale * above->second[i] / below->second[i]);
-    const auto [least, most] = std::minmax_element(ratios.begin(), ratios.end());
-    std::printf("| %s / %s | %.2f | %.2f to %.2f |\n", row.c_str(), base.c_str(), median(ratios), *least,
-                *most);
+    std::sort(ratios.begin(), ratios.end());
+    return ratios;
 }
 
-void RatioTable::printTime(const std::string& row) const {
-    if (const auto found = seconds.find(row); found != seconds.end())
-        std::printf("| %s | %.3f ms |\n", row.c_str(), 1000 * median(found->second));
+double RatioTable::time(const std::string& row) const {
+    const auto found = seconds.find(row);
+    if (found == seconds.end())
+        return 0;
+    std::vector<double> times = found->second;
+    std::sort(times.begin(), times.end());
+    return median(times);
+}
+
+double median(const std::vector<double>& sorted) { return sorted[sorted.size() / 2]; }
+
+std::string cell(const RatioTable::Ratios& ratios) {
+    if (ratios.empty())
+        return "-";
+    char text[64];
+    std::snprintf(text, sizeof text, "%.2f (%.2f to %.2f)", median(ratios), ratios.front(), ratios.back());
+    return text;
 }
 
 } // namespace norel::Benchmark

@@ -7,21 +7,30 @@
 
 namespace norel::Benchmark {
 
-/// Keeps the times of every repetition, and prints how the rows compare. A repetition runs all rows before
-/// the next begins; the k-th time of one row is paired with the k-th of another.
+/// Keeps the times of every repetition, and tells how the rows compare. A repetition runs all rows before the
+/// next begins; the k-th time of one row is paired with the k-th of another.
 class RatioTable : public benchmark::BenchmarkReporter {
 public:
+    /// Sorted; empty for rows that were not run.
+    using Ratios = std::vector<double>;
+
     bool ReportContext(const Context& context) override;
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// A line of the table: the median of the paired ratios, times `scale`, and their spread.
-    void printRatio(const std::string& row, const std::string& base, double scale = 1) const;
+    /// The paired ratios of two rows, times `scale`.
+    Ratios ratios(const std::string& row, const std::string& base, double scale = 1) const;
 
-    /// A line of the table: the median time.
-    void printTime(const std::string& row) const;
+    /// The median time of a row in seconds; 0 when it was not run.
+    double time(const std::string& row) const;
 
 private:
     std::map<std::string, std::vector<double>> seconds;
 };
+
+/// The middle of sorted numbers, of which there is one at least.
+double median(const std::vector<double>& sorted);
+
+/// A cell of a table: the median and the spread, or "-" for none.
+std::string cell(const RatioTable::Ratios& ratios);
 
 } // namespace norel::Benchmark
