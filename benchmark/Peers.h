@@ -17,7 +17,7 @@ struct Peer {
 
     std::string name;
     Profiles (*read)(const std::string& document);
-    std::string (*write)(const std::vector<Plain::Profile>& profiles);
+    std::string (*write)(const std::vector<Plain::Profile>& profiles); ///< null for a library that only reads
 };
 
 /// The peers whose libraries were found when the program was built. Each peer's source adds it.

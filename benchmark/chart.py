@@ -1,0 +1,119 @@
+"""Draws the times that norel-payloads-benchmark prints: reads its tables, writes an SVG picture of time against the
+number of profiles, both axes logarithmic, reading on the left and writing on the right."""
+
+import math
+import sys
+
+SIZES = [14, 140, 1400, 14000]
+WIDTH, HEIGHT = 920, 460
+TOP, BOTTOM = 60, 410
+PANELS = {"Reading": (70, 300), "Writing": (520, 750)}  # the left and the right edge of a panel
+LABEL_HEIGHT = 17
+PEER_COLORS = 5
+
+STYLE = """
+text { font: 13px sans-serif; fill: #24292f }
+.title { font-weight: bold; font-size: 15px }
+.back { fill: #ffffff }
+.grid { stroke: #d8dee4 }
+.line { fill: none; stroke-width: 2 }
+.ours { stroke: #0550ae; stroke-width: 3.5 } .derived { stroke: #0550ae; stroke-dasharray: 6 4 }
+.base { stroke: #6e7781; stroke-width: 3 } .peer0 { stroke: #bc4c00 } .peer1 { stroke: #1a7f37 }
+.peer2 { stroke: #bf3989 } .peer3 { stroke: #9a6700 } .peer4 { stroke: #1b7c83 }
+@media (prefers-color-scheme: dark) {
+text { fill: #e6edf3 }
+.back { fill: #0d1117 }
+.grid { stroke: #30363d }
+.ours, .derived { stroke: #58a6ff }
+.base { stroke: #9198a1 } .peer0 { stroke: #ffa657 } .peer1 { stroke: #56d364 } .peer2 { stroke: #ff9bce }
+.peer3 { stroke: #e3b341 } .peer4 { stroke: #76e3ea }
+}"""
+
+
+def read_times(lines):
+    """The rows of the table that begins with "| ms |": names and milliseconds, in the table's order."""
+    rows = {}
+    is_inside = False
+    for line in lines:
+        cells = [cell.strip() for cell in line.strip().strip("|").split("|")]
+        if cells[0] == "ms":
+            is_inside = True
+        elif len(cells) < len(SIZES) + 1:
+            is_inside = False
+        elif is_inside and not cells[0].startswith("-"):
+            rows[cells[0]] = [float(cell) for cell in cells[1 : len(SIZES) + 1]]
+    return rows
+
+
+def style_of(name, peers):
+    if name in ("parse", "dump"):
+        return "base"
+    if name in ("deserialize", "serialize"):
+        return "ours"
+    return "derived" if name.endswith("derived") else f"peer{peers.index(name.split(' ', 1)[1]) % PEER_COLORS}"
+
+
+def spread(heights):
+    """The heights moved apart so that labels do not overlap, in their order."""
+    order = sorted(range(len(heights)), key=lambda i: heights[i])
+    moved = list(heights)
+    for _ in range(200):
+        for above, below in zip(order, order[1:]):
+            overlap = LABEL_HEIGHT - (moved[below] - moved[above])
+            if overlap > 0:
+                moved[above] -= overlap / 2
+                moved[below] += overlap / 2
+    return moved
+
+
+def label_of(milliseconds):
+    return f"{milliseconds / 1000:g} s" if milliseconds >= 1000 else f"{milliseconds:g} ms"
+
+
+def draw(rows):
+    peers = [name.split(" ", 1)[1] for name in rows if name.startswith("read ")]
+    times = [time for row in rows.values() for time in row if time > 0]
+    low, high = math.floor(math.log10(min(times))), math.ceil(math.log10(max(times)))
+
+    def height_of(milliseconds):
+        return BOTTOM - (math.log10(milliseconds) - low) / (high - low) * (BOTTOM - TOP)
+
+    yield f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {HEIGHT}" width="{WIDTH}" height="{HEIGHT}">'
+    yield "<title>Time of reading and of writing a list against its number of profiles</title>"
+    yield f"<style>{STYLE}\n</style>"
+    yield f'<rect class="back" width="{WIDTH}" height="{HEIGHT}" rx="6"/>'
+    for title, (left, right) in PANELS.items():
+        is_writing = title == "Writing"
+        yield f'<text class="title" x="{left}" y="{TOP - 25}">{title}</text>'
+        for power in range(low, high + 1):
+            y = height_of(10**power)
+            yield f'<path class="grid" d="M{left} {y:.1f}H{right}"/>'
+            yield f'<text x="{left - 8}" y="{y + 4:.1f}" text-anchor="end">{label_of(10**power)}</text>'
+        x_of = [left + (right - left) * i / (len(SIZES) - 1) for i in range(len(SIZES))]
+        for x, size in zip(x_of, SIZES):
+            yield f'<path class="grid" d="M{x:.1f} {TOP}V{BOTTOM}"/>'
+            yield f'<text x="{x:.1f}" y="{BOTTOM + 20}" text-anchor="middle">{size:,}</text>'
+        yield f'<text x="{(left + right) / 2}" y="{BOTTOM + 40}" text-anchor="middle">profiles</text>'
+
+        names = [name for name in rows if is_writing == name.startswith(("dump", "serialize", "write"))]
+        names = [name for name in names if any(rows[name])]
+        ends = []
+        for name in names:
+            points = [(x, height_of(time)) for x, time in zip(x_of, rows[name]) if time > 0]
+            path = "L".join(f"{x:.1f} {y:.1f}" for x, y in points)
+            yield f'<path class="line {style_of(name, peers)}" d="M{path}"/>'
+            ends.append(points[-1])
+        for name, (x, y), label in zip(names, ends, spread([y for _, y in ends])):
+            yield f'<path class="line {style_of(name, peers)}" d="M{x + 5:.1f} {y:.1f}L{right + 28} {label:.1f}"/>'
+            yield f'<text x="{right + 33}" y="{label + 4:.1f}">{name}</text>'
+    yield "</svg>"
+
+
+def main():
+    rows = read_times(sys.stdin)
+    if not any(any(row) for row in rows.values()):
+        sys.exit("No times to draw.")
+    print("\n".join(draw(rows)))
+
+
+main()
