@@ -7,9 +7,10 @@ import sys
 SIZES = [14, 140, 1400, 14000]
 WIDTH, HEIGHT = 920, 460
 TOP, BOTTOM = 60, 410
-PANELS = {"Reading": (70, 300), "Writing": (520, 750)}  # the left and the right edge of a panel
+PANELS = {"Reading": ("read, ", 70, 300), "Writing": ("write, ", 520, 750)}  # rows, left and right edge
 LABEL_HEIGHT = 17
-PEER_COLORS = 5
+CLASSES = {"bare JSON library": "base", "this library": "ours", "derived serializer": "derived"}
+PEER_CLASSES = 5
 
 STYLE = """
 text { font: 13px sans-serif; fill: #24292f }
@@ -45,14 +46,6 @@ def read_times(lines):
     return rows
 
 
-def style_of(name, peers):
-    if name in ("parse", "dump"):
-        return "base"
-    if name in ("deserialize", "serialize"):
-        return "ours"
-    return "derived" if name.endswith("derived") else f"peer{peers.index(name.split(' ', 1)[1]) % PEER_COLORS}"
-
-
 def spread(heights):
     """The heights moved apart so that labels do not overlap, in their order."""
     order = sorted(range(len(heights)), key=lambda i: heights[i])
@@ -71,7 +64,9 @@ def label_of(milliseconds):
 
 
 def draw(rows):
-    peers = [name.split(" ", 1)[1] for name in rows if name.startswith("read ")]
+    classes = dict(CLASSES)
+    for name in (name.split(", ", 1)[1] for name in rows):
+        classes.setdefault(name, f"peer{(len(classes) - len(CLASSES)) % PEER_CLASSES}")
     times = [time for row in rows.values() for time in row if time > 0]
     low, high = math.floor(math.log10(min(times))), math.ceil(math.log10(max(times)))
 
@@ -82,8 +77,7 @@ def draw(rows):
     yield "<title>Time of reading and of writing a list against its number of profiles</title>"
     yield f"<style>{STYLE}\n</style>"
     yield f'<rect class="back" width="{WIDTH}" height="{HEIGHT}" rx="6"/>'
-    for title, (left, right) in PANELS.items():
-        is_writing = title == "Writing"
+    for title, (prefix, left, right) in PANELS.items():
         yield f'<text class="title" x="{left}" y="{TOP - 25}">{title}</text>'
         for power in range(low, high + 1):
             y = height_of(10**power)
@@ -95,16 +89,15 @@ def draw(rows):
             yield f'<text x="{x:.1f}" y="{BOTTOM + 20}" text-anchor="middle">{size:,}</text>'
         yield f'<text x="{(left + right) / 2}" y="{BOTTOM + 40}" text-anchor="middle">profiles</text>'
 
-        names = [name for name in rows if is_writing == name.startswith(("dump", "serialize", "write"))]
-        names = [name for name in names if any(rows[name])]
+        lines = {name.removeprefix(prefix): row for name, row in rows.items() if name.startswith(prefix) and any(row)}
         ends = []
-        for name in names:
-            points = [(x, height_of(time)) for x, time in zip(x_of, rows[name]) if time > 0]
+        for name, row in lines.items():
+            points = [(x, height_of(time)) for x, time in zip(x_of, row) if time > 0]
             path = "L".join(f"{x:.1f} {y:.1f}" for x, y in points)
-            yield f'<path class="line {style_of(name, peers)}" d="M{path}"/>'
+            yield f'<path class="line {classes[name]}" d="M{path}"/>'
             ends.append(points[-1])
-        for name, (x, y), label in zip(names, ends, spread([y for _, y in ends])):
-            yield f'<path class="line {style_of(name, peers)}" d="M{x + 5:.1f} {y:.1f}L{right + 28} {label:.1f}"/>'
+        for name, (x, y), label in zip(lines, ends, spread([y for _, y in ends])):
+            yield f'<path class="line {classes[name]}" d="M{x + 5:.1f} {y:.1f}L{right + 28} {label:.1f}"/>'
             yield f'<text x="{right + 33}" y="{label + 4:.1f}">{name}</text>'
     yield "</svg>"
 

@@ -26,7 +26,7 @@ const std::string& documentOf(const benchmark::State& state) {
     return norel::Benchmark::documentOf(static_cast<std::size_t>(state.range(0)));
 }
 
-/// Takes the road over JSON values, as whatever is derived from the serializer may have overridden it.
+/// A derived serializer reads and writes through JSON values, as it may have overridden their conversion.
 class DerivedSerializer : public JsonProfileListSerializer {};
 
 template <typename Serializer = JsonProfileListSerializer>
@@ -34,7 +34,8 @@ ProfileList read(const std::string& document) {
     return Serializer().deserialize(document);
 }
 
-/// Times the operation after a first run, in which the heap puts in order what earlier rows freed.
+/// Times the operation after one run that is not timed, in which the heap consolidates what earlier rows
+/// freed.
 template <typename Operation>
 void measure(benchmark::State& state, const Operation& operation) {
     const auto run = [&] {
@@ -93,7 +94,7 @@ void add(benchmark::State& state) {
 
 void upgradeStep(benchmark::State& state) {
     const auto store = std::make_shared<InMemoryTextFileStorage>();
-    // as the library writes it: the factory's "lidar": null is not upgraded
+    // The library writes no "lidar": null, which the factory document has and the upgrade refuses.
     const std::string document = JsonProfileListSerializer().serialize(read(documentOf(state)));
     const std::string defaults = DefaultProducts::getSourceDocument();
     measure(state, [&] {
@@ -122,64 +123,67 @@ void merge(benchmark::State& state) {
     measure(state, [&] { UseCase::MergeProfileStorages(storageOf(document), storageOf("")).execute(); });
 }
 
-constexpr std::size_t MANY = 1400;
 constexpr std::size_t FEW = 140;
+constexpr std::size_t MANY = 1400;
 constexpr std::size_t MOST = 14000;
-constexpr int REPETITIONS = 9;
+constexpr int REPETITIONS = 7;
 
-/// A way to read and write documents, by the names of its rows.
-struct Way {
+struct Row {
     std::string name;
-    std::string reading;
-    std::string writing; ///< empty for one that only reads
+    std::function<void(benchmark::State&)> run;
 };
 
-std::vector<Way> allWays() {
-    std::vector<Way> ways{{"this library", "deserialize", "serialize"},
-                          {"this library, derived serializer", "deserialize derived", "serialize derived"}};
+const std::string BARE = "bare JSON library";
+
+/// The rows of reading: the one that the others are compared with, this library's, and the peers'.
+std::vector<Row> readingRows() {
+    std::vector<Row> rows{{BARE, parse},
+                          {"this library", deserialize<JsonProfileListSerializer>},
+                          {"derived serializer", deserialize<DerivedSerializer>}};
     for (const Peer& peer : peers())
-        ways.push_back({peer.name, "read " + peer.name, peer.write ? "write " + peer.name : ""});
-    return ways;
+        rows.push_back({peer.name, [peer](benchmark::State& state) {
+                            const std::string& document = documentOf(state);
+                            measure(state, [&] { return peer.read(document); });
+                        }});
+    return rows;
 }
+
+/// The same for writing, by the same names.
+std::vector<Row> writingRows() {
+    std::vector<Row> rows{{BARE, dump},
+                          {"this library", serialize<JsonProfileListSerializer>},
+                          {"derived serializer", serialize<DerivedSerializer>}};
+    for (const Peer& peer : peers())
+        if (peer.write)
+            rows.push_back({peer.name, [peer](benchmark::State& state) {
+                                const auto profiles = peer.read(documentOf(state));
+                                measure(state, [&] { return peer.write(*profiles); });
+                            }});
+    return rows;
+}
+
+const Row OTHER_ROWS[] = {{"copy", copy},
+                          {"compare", compare},
+                          {"add", add},
+                          {"upgrade step", upgradeStep},
+                          {"add or update", addOrUpdate},
+                          {"merge", merge}};
 
 /// Rows of one size stand together, so that those that are compared run within a few seconds.
 void registerRows() {
-    struct Row {
-        std::string name;
-        std::function<void(benchmark::State&)> run;
-        bool isOfReadingOrWriting = false;
-    };
-    std::vector<Row> rows{{"parse", parse, true},
-                          {"deserialize", deserialize<JsonProfileListSerializer>, true},
-                          {"deserialize derived", deserialize<DerivedSerializer>, true}};
-    for (const Peer& peer : peers())
-        rows.push_back({"read " + peer.name,
-                        [read = peer.read](benchmark::State& state) {
-                            measure(state, [&] { return read(documentOf(state)); });
-                        },
-                        true});
-    rows.insert(rows.end(), {{"dump", dump, true},
-                             {"serialize", serialize<JsonProfileListSerializer>, true},
-                             {"serialize derived", serialize<DerivedSerializer>, true}});
-    for (const Peer& peer : peers())
-        if (peer.write)
-            rows.push_back({"write " + peer.name,
-                            [peer](benchmark::State& state) {
-                                const auto profiles = peer.read(documentOf(state));
-                                measure(state, [&] { return peer.write(*profiles); });
-                            },
-                            true});
-    rows.insert(rows.end(), {{"copy", copy},
-                             {"compare", compare},
-                             {"add", add},
-                             {"upgrade step", upgradeStep},
-                             {"add or update", addOrUpdate},
-                             {"merge", merge}});
-    for (const std::size_t profiles : {FACTORY_PROFILES, MANY, FEW, MOST})
-        for (const Row& row : rows)
-            if (row.isOfReadingOrWriting || profiles == FACTORY_PROFILES || profiles == MANY)
-                benchmark::RegisterBenchmark(row.name.c_str(), row.run)
-                    ->Arg(static_cast<std::int64_t>(profiles));
+    for (const std::size_t profiles : {FACTORY_PROFILES, MANY, FEW, MOST}) {
+        const auto add = [&](const std::string& prefix, const Row& row) {
+            benchmark::RegisterBenchmark((prefix + row.name).c_str(), row.run)
+                ->Arg(static_cast<std::int64_t>(profiles));
+        };
+        for (const Row& row : readingRows())
+            add("read, ", row);
+        for (const Row& row : writingRows())
+            add("write, ", row);
+        if (profiles == FACTORY_PROFILES || profiles == MANY)
+            for (const Row& row : OTHER_ROWS)
+                add("", row);
+    }
 }
 
 /// Whether every peer keeps all that a document holds; says which does not.
@@ -200,18 +204,19 @@ bool arePeersComplete() {
     return true;
 }
 
-/// The ways from the fastest reader to the slowest, with the least ratio of each column in bold.
-void printWays(const RatioTable& table) {
+/// Each way to read and write beside the bare JSON library, from the fastest reader to the slowest, with the
+/// least ratio of each column in bold.
+void printComparison(const RatioTable& table) {
     struct Line {
         std::string name;
         std::vector<RatioTable::Ratios> columns;
     };
     std::vector<Line> lines;
-    for (const Way& way : allWays()) {
-        Line& line = lines.emplace_back(Line{way.name, {}});
-        for (const auto& [row, base] : {std::pair(way.reading, "parse"), std::pair(way.writing, "dump")})
+    for (const Row& row : readingRows()) {
+        Line& line = lines.emplace_back(Line{row.name, {}});
+        for (const std::string operation : {"read, ", "write, "})
             for (const std::string size : {"/14", "/1400"})
-                line.columns.push_back(table.ratios(row + size, base + size));
+                line.columns.push_back(table.ratios(operation + row.name + size, operation + BARE + size));
     }
     const auto isLess = [](const RatioTable::Ratios& a, const RatioTable::Ratios& b) {
         return !a.empty() && (b.empty() || median(a) < median(b));
@@ -219,43 +224,43 @@ void printWays(const RatioTable& table) {
     std::stable_sort(lines.begin(), lines.end(), [&](const Line& a, const Line& b) {
         return isLess(a.columns.front(), b.columns.front());
     });
-    std::puts("| | read / parse, 14 | 1,400 | write / dump, 14 | 1,400 |\n|---|---|---|---|---|");
+    std::puts("| | read, 14 | read, 1,400 | write, 14 | write, 1,400 |\n|---|---|---|---|---|");
     for (const Line& line : lines) {
         std::printf("| %s |", line.name.c_str());
         for (std::size_t column = 0; column < line.columns.size(); ++column) {
             const RatioTable::Ratios& ratios = line.columns[column];
-            const bool isLeast =
-                !ratios.empty() && std::none_of(lines.begin(), lines.end(), [&](const Line& other) {
-                    return isLess(other.columns[column], ratios);
-                });
-            std::printf(isLeast ? " **%s** |" : " %s |", cell(ratios).c_str());
+            const auto isFaster = [&](const Line& other) { return isLess(other.columns[column], ratios); };
+            const bool isFastest = !ratios.empty() && std::none_of(lines.begin(), lines.end(), isFaster);
+            std::printf(isFastest ? " **%s** |" : " %s |", cell(ratios).c_str());
         }
         std::puts("");
     }
 }
 
-void printTimes(const RatioTable& table) {
-    std::puts("\n| other operations / parse | 14 | 1,400 |\n|---|---|---|");
-    for (const std::string row : {"upgrade step", "add or update", "merge", "copy", "compare", "add"})
-        std::printf("| %s | %s | %s |\n", row.c_str(), cell(table.ratios(row + "/14", "parse/14")).c_str(),
-                    cell(table.ratios(row + "/1400", "parse/1400")).c_str());
+void printOtherRows(const RatioTable& table) {
+    std::puts("\n| | 14 | 1,400 |\n|---|---|---|");
+    for (const Row& row : OTHER_ROWS) {
+        std::printf("| %s |", row.name.c_str());
+        for (const std::string size : {"/14", "/1400"})
+            std::printf(" %s |", cell(table.ratios(row.name + size, "read, " + BARE + size)).c_str());
+        std::puts("");
+    }
+}
 
+/// benchmark/chart.py reads this table.
+void printTimes(const RatioTable& table) {
     std::puts("\n| ms | 14 | 140 | 1,400 | 14,000 | a profile, 14,000 / 140 |\n|---|---|---|---|---|---|");
-    const auto printRow = [&](const std::string& row) {
+    const auto print = [&](const std::string& row) {
         std::printf("| %s |", row.c_str());
         for (const std::string size : {"/14", "/140", "/1400", "/14000"})
             std::printf(" %.2f |", 1000 * table.time(row + size));
-        std::printf(
-            " %s |\n",
-            cell(table.ratios(row + "/14000", row + "/140", static_cast<double>(FEW) / MOST)).c_str());
+        const double scale = static_cast<double>(FEW) / MOST;
+        std::printf(" %s |\n", cell(table.ratios(row + "/14000", row + "/140", scale)).c_str());
     };
-    printRow("parse");
-    for (const Way& way : allWays())
-        printRow(way.reading);
-    printRow("dump");
-    for (const Way& way : allWays())
-        if (!way.writing.empty())
-            printRow(way.writing);
+    for (const Row& row : readingRows())
+        print("read, " + row.name);
+    for (const Row& row : writingRows())
+        print("write, " + row.name);
 }
 
 /// What one run of an operation takes of the heap.
@@ -266,7 +271,7 @@ struct HeapUse {
 
 template <typename Operation>
 HeapUse heapUseOf(const Operation& operation) {
-    operation(); // what is made once is not counted
+    operation(); // what is allocated only once is not counted
     const HeapCounter counter;
     operation();
     return {counter.allocations(), counter.peakBytes()};
@@ -290,20 +295,20 @@ HeapUse heapUseOfWriting(std::size_t profiles) {
 }
 
 void printHeapUse() {
-    std::puts("\n| heap | allocations, 14 | peak above the text, 1,400 |\n|---|---|---|");
-    const auto printRow = [](const char* name, const auto& heapUse) {
+    std::puts("\n| heap | allocations, 14 | peak, 1,400 |\n|---|---|---|");
+    const auto print = [](const char* name, const auto& heapUse) {
         std::printf("| %s | %zu | %.0f MB |\n", name, heapUse(FACTORY_PROFILES).allocations,
                     static_cast<double>(heapUse(MANY).peakBytes) / 1e6);
     };
-    printRow("parse", heapUseOfParsing);
-    printRow("deserialize", heapUseOfReading<>);
-    printRow("deserialize derived", heapUseOfReading<DerivedSerializer>);
-    printRow("serialize", heapUseOfWriting<>);
-    printRow("serialize derived", heapUseOfWriting<DerivedSerializer>);
+    print("read, bare JSON library", heapUseOfParsing);
+    print("read, this library", heapUseOfReading<>);
+    print("read, derived serializer", heapUseOfReading<DerivedSerializer>);
+    print("write, this library", heapUseOfWriting<>);
+    print("write, derived serializer", heapUseOfWriting<DerivedSerializer>);
 }
 
-/// Fails when reading or writing takes more of the heap than it did; lower the limits when it comes to take
-/// less.
+/// Fails when reading or writing uses more of the heap than the limits, which are a little above what was
+/// measured last. Lower them when less is needed.
 int checkHeapUse() {
     struct Limit {
         const char* what;
@@ -324,13 +329,13 @@ int checkHeapUse() {
 
 } // namespace
 
-/// Runs the rows that --benchmark_filter selects and prints their table; with --check-allocations only checks
-/// that the heap is not used more than it was.
+/// Runs the rows that --benchmark_filter selects and prints their tables; with --check-allocations only
+/// checks the use of the heap.
 int main(int argc, char** argv) {
     if (argc == 2 && std::string_view(argv[1]) == "--check-allocations")
         return checkHeapUse();
-    // Freed memory is kept, that of large blocks too: given back to the system, it would come back page by
-    // page in the time of whatever row is next.
+    // Freed memory is kept, large blocks too. If it were returned to the system, the next row would pay for
+    // getting it back page by page.
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     mallopt(M_MMAP_MAX, 0);
     benchmark::Initialize(&argc, argv);
@@ -342,8 +347,9 @@ int main(int argc, char** argv) {
     RatioTable table;
     for (int repetition = 0; repetition < REPETITIONS; ++repetition)
         if (benchmark::RunSpecifiedBenchmarks(&table) == 0)
-            return 2; // and it has said why
-    printWays(table);
+            return 2; // it has printed the reason
+    printComparison(table);
+    printOtherRows(table);
     printTimes(table);
     printHeapUse();
 }
