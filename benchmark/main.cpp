@@ -94,8 +94,7 @@ void add(benchmark::State& state) {
 
 void upgradeStep(benchmark::State& state) {
     const auto store = std::make_shared<InMemoryTextFileStorage>();
-    // The library writes no "lidar": null, which the factory document has and the upgrade refuses.
-    const std::string document = JsonProfileListSerializer().serialize(read(documentOf(state)));
+    const std::string& document = documentOf(state);
     const std::string defaults = DefaultProducts::getSourceDocument();
     measure(state, [&] {
         store->files["profiles.json"] = document;
