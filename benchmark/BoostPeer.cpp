@@ -8,8 +8,8 @@ namespace Plain {
 
 namespace json = boost::json;
 
-// The conversions that Boost.JSON 1.81 has for described structures want every member to be there, optional
-// ones as null. These accept and write what the documents hold.
+// Boost.JSON 1.81 converts described structures by itself, but refuses a document that leaves out an optional
+// member, and writes such a member as null. These conversions leave it out.
 
 template <Described Structure>
 Structure tag_invoke(json::value_to_tag<Structure> /*tag*/, const json::value& value) {

@@ -8,7 +8,7 @@
 
 namespace {
 
-bool isCounting = false; // not while times are taken
+bool isCounting = false; // off while times are measured
 std::size_t allocations = 0;
 std::ptrdiff_t heldBytes = 0;
 std::ptrdiff_t peakBytes = 0;

@@ -4,8 +4,8 @@
 
 namespace norel::Benchmark {
 
-/// What the heap was used for since the counter was made. The program's operator new counts, and only while
-/// there is a counter; there may be one at a time, and only one thread may allocate.
+/// Counts the use of the heap while it exists, through the program's operator new. There may be one counter
+/// at a time, and while it exists only one thread may allocate.
 class HeapCounter {
 public:
     HeapCounter();
@@ -14,7 +14,7 @@ public:
     ~HeapCounter();
 
     std::size_t allocations() const;
-    std::size_t peakBytes() const; ///< the most that was held at once, above what was held at first
+    std::size_t peakBytes() const; ///< the most held at once, beyond what was held at the beginning
 };
 
 } // namespace norel::Benchmark

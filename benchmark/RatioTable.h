@@ -7,8 +7,8 @@
 
 namespace norel::Benchmark {
 
-/// Keeps the times of every repetition, and tells how the rows compare. A repetition runs all rows before the
-/// next begins; the k-th time of one row is paired with the k-th of another.
+/// Keeps the times of every repetition, and compares rows. A repetition runs all rows before the next begins,
+/// and the k-th time of one row is paired with the k-th of another.
 class RatioTable : public benchmark::BenchmarkReporter {
 public:
     /// Sorted; empty for rows that were not run.
@@ -27,7 +27,7 @@ private:
     std::map<std::string, std::vector<double>> seconds;
 };
 
-/// The middle of sorted numbers, of which there is one at least.
+/// The median of sorted numbers, which must not be empty.
 double median(const std::vector<double>& sorted);
 
 /// A cell of a table: the median and the spread, or "-" for none.
