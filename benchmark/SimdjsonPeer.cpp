@@ -51,7 +51,9 @@ Peer::Profiles readDocument(const std::string& document) {
     ondemand::parser parser;
     ondemand::document json = parser.iterate(text);
     const auto profiles = std::make_shared<std::vector<Plain::Profile>>();
-    for (ondemand::value profile : json.get_array())
+    ondemand::array array = json.get_array();
+    profiles->reserve(array.count_elements());
+    for (ondemand::value profile : array)
         read(profile, profiles->emplace_back());
     return profiles;
 }
