@@ -7,7 +7,7 @@ import sys
 SIZES = [14, 140, 1400, 14000]
 WIDTH, HEIGHT = 920, 460
 TOP, BOTTOM = 60, 410
-PANELS = {"Reading": ("read, ", 70, 300), "Writing": ("write, ", 520, 750)}  # rows, left and right edge
+PANELS = {"Reading": (70, 300), "Writing": (520, 750)}  # the left and the right edge
 LABEL_HEIGHT = 17
 CLASSES = {"bare JSON library": "base", "this library": "ours", "derived serializer": "derived"}
 PEER_CLASSES = 5
@@ -32,18 +32,20 @@ text { fill: #e6edf3 }
 
 
 def read_times(lines):
-    """The rows of the table that begins with "| ms |": names and milliseconds, in the table's order."""
-    rows = {}
+    """The table that begins with "| ms": for each panel the names and milliseconds in its order, 0 where not measured."""
+    panels = {title: {} for title in PANELS}
     is_inside = False
     for line in lines:
         cells = [cell.strip() for cell in line.strip().strip("|").split("|")]
-        if cells[0] == "ms":
+        if cells[0].startswith("ms,"):
             is_inside = True
-        elif len(cells) < len(SIZES) + 1:
+        elif len(cells) <= len(SIZES):
             is_inside = False
-        elif is_inside and not cells[0].startswith("-"):
-            rows[cells[0]] = [float(cell) for cell in cells[1 : len(SIZES) + 1]]
-    return rows
+        elif is_inside and " / " in cells[1]:
+            pairs = [cell.split(" / ") for cell in cells[1 : len(SIZES) + 1]]
+            for rows, times in zip(panels.values(), zip(*pairs)):
+                rows[cells[0]] = [0 if time == "-" else float(time) for time in times]
+    return panels
 
 
 def spread(heights):
@@ -63,11 +65,13 @@ def label_of(milliseconds):
     return f"{milliseconds / 1000:g} s" if milliseconds >= 1000 else f"{milliseconds:g} ms"
 
 
-def draw(rows):
+def draw(panels):
     classes = dict(CLASSES)
-    for name in (name.split(", ", 1)[1] for name in rows):
+    for name in panels["Reading"]:
         classes.setdefault(name, f"peer{(len(classes) - len(CLASSES)) % PEER_CLASSES}")
-    times = [time for row in rows.values() for time in row if time > 0]
+    times = [time for rows in panels.values() for row in rows.values() for time in row if time > 0]
+    if not times:
+        sys.exit("No times to draw.")
     low, high = math.floor(math.log10(min(times))), math.ceil(math.log10(max(times)))
 
     def height_of(milliseconds):
@@ -77,7 +81,7 @@ def draw(rows):
     yield "<title>Time of reading and of writing a list against its number of profiles</title>"
     yield f"<style>{STYLE}\n</style>"
     yield f'<rect class="back" width="{WIDTH}" height="{HEIGHT}" rx="6"/>'
-    for title, (prefix, left, right) in PANELS.items():
+    for title, (left, right) in PANELS.items():
         yield f'<text class="title" x="{left}" y="{TOP - 25}">{title}</text>'
         for power in range(low, high + 1):
             y = height_of(10**power)
@@ -89,7 +93,7 @@ def draw(rows):
             yield f'<text x="{x:.1f}" y="{BOTTOM + 20}" text-anchor="middle">{size:,}</text>'
         yield f'<text x="{(left + right) / 2}" y="{BOTTOM + 40}" text-anchor="middle">profiles</text>'
 
-        lines = {name.removeprefix(prefix): row for name, row in rows.items() if name.startswith(prefix) and any(row)}
+        lines = {name: row for name, row in panels[title].items() if any(row)}
         ends = []
         for name, row in lines.items():
             points = [(x, height_of(time)) for x, time in zip(x_of, row) if time > 0]
@@ -102,11 +106,4 @@ def draw(rows):
     yield "</svg>"
 
 
-def main():
-    rows = read_times(sys.stdin)
-    if not any(any(row) for row in rows.values()):
-        sys.exit("No times to draw.")
-    print("\n".join(draw(rows)))
-
-
-main()
+print("\n".join(draw(read_times(sys.stdin))))

@@ -212,6 +212,8 @@ void printComparison(const RatioTable& table) {
     };
     std::vector<Line> lines;
     for (const Row& row : readingRows()) {
+        if (row.name == BARE)
+            continue;
         Line& line = lines.emplace_back(Line{row.name, {}});
         for (const std::string operation : {"read, ", "write, "})
             for (const std::string size : {"/14", "/1400"})
@@ -248,18 +250,28 @@ void printOtherRows(const RatioTable& table) {
 
 /// benchmark/chart.py reads this table.
 void printTimes(const RatioTable& table) {
-    std::puts("\n| ms | 14 | 140 | 1,400 | 14,000 | a profile, 14,000 / 140 |\n|---|---|---|---|---|---|");
-    const auto print = [&](const std::string& row) {
-        std::printf("| %s |", row.c_str());
-        for (const std::string size : {"/14", "/140", "/1400", "/14000"})
-            std::printf(" %.2f |", 1000 * table.time(row + size));
-        const double scale = static_cast<double>(FEW) / MOST;
-        std::printf(" %s |\n", cell(table.ratios(row + "/14000", row + "/140", scale)).c_str());
+    std::puts("\n| ms, read / write | 14 | 140 | 1,400 | 14,000 | growth, read | growth, write |\n"
+              "|---|---|---|---|---|---|---|");
+    const auto print = [](double seconds, const char* end) {
+        if (seconds > 0)
+            std::printf(" %.2f%s", 1000 * seconds, end);
+        else
+            std::printf(" -%s", end);
     };
-    for (const Row& row : readingRows())
-        print("read, " + row.name);
-    for (const Row& row : writingRows())
-        print("write, " + row.name);
+    for (const Row& row : readingRows()) {
+        const std::string reading = "read, " + row.name;
+        const std::string writing = "write, " + row.name;
+        std::printf("| %s |", row.name.c_str());
+        for (const std::string size : {"/14", "/140", "/1400", "/14000"}) {
+            print(table.time(reading + size), " /");
+            print(table.time(writing + size), " |");
+        }
+        for (const std::string& operation : {reading, writing}) {
+            const double scale = static_cast<double>(FEW) / MOST;
+            std::printf(" %s |", cell(table.ratios(operation + "/14000", operation + "/140", scale)).c_str());
+        }
+        std::puts("");
+    }
 }
 
 /// What one run of an operation takes of the heap.
@@ -281,6 +293,11 @@ HeapUse heapUseOfParsing(std::size_t profiles) {
     return heapUseOf([&] { benchmark::DoNotOptimize(ordered_json::parse(document)); });
 }
 
+HeapUse heapUseOfDumping(std::size_t profiles) {
+    const auto json = ordered_json::parse(norel::Benchmark::documentOf(profiles));
+    return heapUseOf([&] { benchmark::DoNotOptimize(json.dump(4)); });
+}
+
 template <typename Serializer = JsonProfileListSerializer>
 HeapUse heapUseOfReading(std::size_t profiles) {
     const std::string& document = norel::Benchmark::documentOf(profiles);
@@ -294,16 +311,19 @@ HeapUse heapUseOfWriting(std::size_t profiles) {
 }
 
 void printHeapUse() {
-    std::puts("\n| heap | allocations, 14 | peak, 1,400 |\n|---|---|---|");
-    const auto print = [](const char* name, const auto& heapUse) {
-        std::printf("| %s | %zu | %.0f MB |\n", name, heapUse(FACTORY_PROFILES).allocations,
-                    static_cast<double>(heapUse(MANY).peakBytes) / 1e6);
+    std::puts("\n| heap | read, 14: allocations | read, 1,400: peak | write, 14: allocations "
+              "| write, 1,400: peak |\n|---|---|---|---|---|");
+    const auto print = [](const char* name, HeapUse (*reading)(std::size_t),
+                          HeapUse (*writing)(std::size_t)) {
+        std::printf("| %s |", name);
+        for (HeapUse (*const heapUse)(std::size_t) : {reading, writing})
+            std::printf(" %zu | %.0f MB |", heapUse(FACTORY_PROFILES).allocations,
+                        static_cast<double>(heapUse(MANY).peakBytes) / 1e6);
+        std::puts("");
     };
-    print("read, bare JSON library", heapUseOfParsing);
-    print("read, this library", heapUseOfReading<>);
-    print("read, derived serializer", heapUseOfReading<DerivedSerializer>);
-    print("write, this library", heapUseOfWriting<>);
-    print("write, derived serializer", heapUseOfWriting<DerivedSerializer>);
+    print("this library", heapUseOfReading<>, heapUseOfWriting<>);
+    print("derived serializer", heapUseOfReading<DerivedSerializer>, heapUseOfWriting<DerivedSerializer>);
+    print("bare JSON library", heapUseOfParsing, heapUseOfDumping);
 }
 
 /// Fails when reading or writing uses more of the heap than the limits, which are a little above what was
