@@ -8,6 +8,7 @@
 #include "norel/Desktop/Utils/StringConverter.h"
 #include "terminal/Terminal.h"
 #include "terminal/Text.h"
+#include "text/MaskedText.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -90,22 +91,29 @@ void checkAddress(const Source& source) {
         throw Failure(source.getName(), "write an @ in the path as %40, a / in the password as %2F");
 }
 
-std::shared_ptr<ProfileListStorage> openAddress(const DocumentAccess& documents, const Source& source) {
-    checkAddress(source);
+/// The password as the address spells it; without a password the user. Empty for none.
+std::string findPassword(const Source& source) {
+    const std::size_t user = source.location.find("//") + 2;
+    const std::size_t at = source.location.rfind('@');
+    if (at == std::string::npos)
+        return {};
+    const std::size_t colon = source.location.find(':', user);
+    const std::size_t begin = colon < at ? colon + 1 : user;
+    return source.location.substr(begin, at - begin);
+}
+
+ProfileList readAddress(const DocumentAccess& documents, const Source& source, const std::string& key) {
     const std::string baseUrl = source.location + (source.location.back() == '/' ? "" : "/");
     const auto progress = std::make_shared<Progress>(source.getName());
     Networking::Http::CurlHttpClient::Options options;
     options.progress = [progress](std::uint64_t receivedBytes) { progress->update(receivedBytes); };
     const auto client = std::make_shared<Networking::Http::CurlHttpClient>(options);
-    return std::make_shared<ProfileListHttpStorage>(baseUrl, client, readKey(source), documents.serializer);
-}
-
-std::shared_ptr<ProfileListStorage> openSource(const DocumentAccess& documents, const Source& source) {
-    if (source.isBuiltIn())
-        return std::make_shared<ProfileListDefaultProductsStorage>();
-    if (source.isAddress())
-        return about(source.getName(), [&] { return openAddress(documents, source); });
-    return openFile(documents, source.location);
+    try {
+        return readProfiles(source.getName(), std::make_shared<ProfileListHttpStorage>(baseUrl, client, key,
+                                                                                       documents.serializer));
+    } catch (const Failure& failure) { // which may quote a document where the server repeats them
+        throw Failure(failure.subject, Text::masked(Text::masked(failure.what(), key), findPassword(source)));
+    }
 }
 
 } // namespace
@@ -128,7 +136,14 @@ std::string Source::getName() const {
 }
 
 ProfileList readSource(const DocumentAccess& documents, const Source& source) {
-    return readProfiles(source.getName(), openSource(documents, source));
+    if (source.isBuiltIn())
+        return readProfiles(source.getName(), std::make_shared<ProfileListDefaultProductsStorage>());
+    if (!source.isAddress())
+        return readProfiles(source.getName(), openFile(documents, source.location));
+    return about(source.getName(), [&] {
+        checkAddress(source);
+        return readAddress(documents, source, readKey(source));
+    });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -22,6 +22,9 @@ protected:
         });
         server.Get(std::string("/bad") + RESOURCE,
                    [](const auto&, auto& response) { response.set_content("[\x1b", "text/plain"); });
+        server.Get(std::string("/echo") + RESOURCE, [](const auto&, auto& response) {
+            response.set_content("[\"the-key s%65cret", "text/plain");
+        });
         server.Get(std::string("/gone") + RESOURCE, [](const auto&, auto& response) {
             response.status = 404;
             response.set_content("no \x1b[31msuch page", "text/plain");
@@ -121,6 +124,13 @@ TEST_F(ServiceTest, WritesNothingWhenTheServiceFails) {
                                            "fetch '" + location + "' p.json"})
             expect(command, 2, "", failure(name, message));
     expect("fetch p.json q.json", 2, "", failure("p.json", "an address begins with http:// or https://"));
+    const std::string echo = address("/echo");
+    const std::string named = replaced(echo, "//", "//user:secret@");
+    expect("list " + named, 2, "",
+           failure(echo,
+                   "[json.exception.parse_error.101] parse error at line 1, column 19: syntax error while "
+                   "parsing value - invalid string: missing closing quote; last read: '\"*** ***'"),
+           "PAYLOAD_PROFILES_KEY=the-key");
     write("key.txt", "");
     expect("list --key-file key.txt " + address("/"), 2, "",
            failure("key.txt", "the key file must contain exactly one word"));
