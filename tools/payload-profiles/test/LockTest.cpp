@@ -60,6 +60,22 @@ TEST_F(LockTest, WaitsForTheLockOfTheFileThatLinksLeadTo) {
             "{");
 }
 
+TEST_F(LockTest, DoesNotWaitWhereTheFolderCannotBeUsed) {
+    const std::string asNobody = "setpriv --reuid 65534 --regid 65534 --clear-groups ";
+    if (std::system((asNobody + "test -x '" PAYLOAD_PROFILES "' 2>/dev/null").c_str()) != 0)
+        GTEST_SKIP() << "the application cannot be run as another user";
+    write("profile.json", makeDocument(5));
+    const std::pair<std::filesystem::perms, std::string> cases[] = {
+        {std::filesystem::perms(0555), "cannot create \"f/p.json\": cannot create a file in its folder"},
+        {std::filesystem::perms(0444), "cannot use its lock file \"f/.p.json.norel-lock\""}};
+    for (const auto& [mode, message] : cases) {
+        std::filesystem::create_directory(folder / "f");
+        std::filesystem::permissions(folder / "f", mode);
+        expect("add f/p.json profile.json --wait 60", 2, "",
+               failure("f/p.json", message + ": Permission denied"), asNobody + "timeout 5");
+    }
+}
+
 /// The system calls of a run from the first one that names the file on: (name, how many of that name so far).
 std::vector<std::pair<std::string, int>> listCalls(const std::string& trace, const std::string& file) {
     std::vector<std::pair<std::string, int>> calls;

@@ -47,6 +47,12 @@ bool isSameFile(int descriptor, const fs::path& path) {
            opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
+/// Whether the folder may be searched, so that it is the file itself that must not be opened.
+bool isInSearchableFolder(const fs::path& path) {
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0 || errno == ENOENT;
+}
+
 bool isUnwritable(int error) { return error == EACCES || error == EPERM || error == EROFS; }
 
 /// Creates the lock file; empty when another process has just created it.
@@ -73,8 +79,8 @@ std::optional<int> tryToLock(const fs::path& lockFile) {
             return created;
         descriptor = *created;
     }
-    if (descriptor < 0 && errno == EACCES) // of another user, who may be about to open it to all
-        return std::nullopt;
+    if (descriptor < 0 && errno == EACCES && isInSearchableFolder(lockFile))
+        return std::nullopt; // of another user, who may be about to open it to all
     if (descriptor < 0)
         fail(lockFile);
     struct flock request = makeRequest();
