@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -54,6 +55,8 @@ void concealPasswords(Console& console, int argumentCount, const char* const* ar
         const bool isOption = argument.starts_with("--");
         const Source value{isOption ? argument.substr(argument.find('=') + 1) : argument, {}};
         console.conceal(value.location, value.getName());
+        const Source fileName{std::filesystem::path(value.location).filename().string(), {}};
+        console.conceal(fileName.location, fileName.getName()); // which other names may be made of
     }
 }
 
