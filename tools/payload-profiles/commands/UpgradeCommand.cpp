@@ -112,7 +112,7 @@ void upgradeText(Context& context, const UpgradeArguments& arguments, const std:
     if (!lidars.invalid.empty())
         throw std::runtime_error(
             "the file is unchanged: a lidar that is not an object cannot be upgraded, remove it from " +
-            joinLabels(lidars.invalid));
+            joinLabels(lidars.invalid, MAXIMUM_LABELS_OF_MESSAGE));
     const auto from = arguments.from != 0 ? arguments.from : findVersion(lidars.profiles);
     const std::string file = printable(arguments.file);
     if (!from) {

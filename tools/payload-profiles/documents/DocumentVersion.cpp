@@ -14,10 +14,11 @@ namespace DocumentVersions = Domain::Payloads::DocumentVersions;
 constexpr const char* LIDAR = "lidar";
 
 std::string makeLabel(const Json& profile, unsigned int index) {
+    constexpr std::size_t maximumNameBytes = 100;
     std::string label;
     try {
         label = std::to_string(profile.getValue("id").as<unsigned int>());
-        return label + ' ' + inQuotes(profile.get("name"));
+        return label + " \"" + Text::printableText(profile.get("name"), maximumNameBytes) + '"';
     } catch (const Json::JsonError&) { // ignored: the label only serves messages
         return label.empty() ? '[' + std::to_string(index) + ']' : label;
     }
@@ -82,11 +83,11 @@ StoredLidars::StoredLidars(const std::string& text) {
     }
 }
 
-std::string joinLabels(const std::vector<StoredProfile>& profiles) {
+std::string joinLabels(const std::vector<StoredProfile>& profiles, std::size_t most) {
     std::string labels;
-    for (const StoredProfile& profile : profiles)
-        labels += (labels.empty() ? "" : ", ") + profile.label;
-    return labels;
+    for (std::size_t i = 0; i < std::min(profiles.size(), most); ++i)
+        labels += (labels.empty() ? "" : ", ") + profiles[i].label;
+    return labels + (profiles.size() > most ? " and " + counted(profiles.size() - most, "other") : "");
 }
 
 std::optional<unsigned int> findVersion(const std::vector<StoredProfile>& profiles) {
@@ -100,7 +101,7 @@ std::optional<unsigned int> findVersion(const std::vector<StoredProfile>& profil
     std::string mixture;
     for (const auto& [version, members] : versions)
         mixture += (mixture.empty() ? "version " : "; version ") + std::to_string(version) + ": " +
-                   joinLabels(members);
+                   joinLabels(members, MAXIMUM_LABELS_OF_MESSAGE);
     throw VersionUnclear("the profiles are of several versions (" + mixture +
                          "); give the one to upgrade from with --from");
 }

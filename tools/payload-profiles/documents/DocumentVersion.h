@@ -3,6 +3,8 @@
 #include "norel/Desktop/DataFormat/Json.h"
 #include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -19,7 +21,8 @@ bool hasSection(const DataFormat::Json& profile, const Section& section);
 
 /// A profile of a stored document of any version.
 struct StoredProfile {
-    std::string label; ///< `88 "Name"`, printable; its index, "[2]", when it has no id
+    /// `88 "Name"`, printable, with at most 100 bytes of the name; its index, "[2]", when it has no id.
+    std::string label;
     DataFormat::Json value;
 };
 
@@ -33,8 +36,10 @@ struct StoredLidars {
     std::vector<StoredProfile> invalid;
 };
 
-/// The labels of the profiles, separated by commas.
-std::string joinLabels(const std::vector<StoredProfile>& profiles);
+constexpr std::size_t MAXIMUM_LABELS_OF_MESSAGE = 20;
+
+/// The labels of the first `most` profiles, separated by commas, and how many others there are.
+std::string joinLabels(const std::vector<StoredProfile>& profiles, std::size_t most = SIZE_MAX);
 
 /// The version of a document cannot be determined.
 struct VersionUnclear : std::runtime_error {

@@ -23,13 +23,14 @@ void Console::conceal(const std::string& text, const std::string& replacement) {
 }
 
 void Console::showMessage(const std::string& subject, const std::string& text) {
+    constexpr std::size_t maximumBytes = 10000; // more than the path of a file and an error about it
     flush();
     std::string message = subject.empty() ? text : subject + ": " + text;
     for (const auto& [secret, replacement] : concealed)
         for (std::size_t at = 0; (at = message.find(secret, at)) != std::string::npos;
              at += replacement.size())
             message.replace(at, secret.size(), replacement);
-    Terminal::writeMessage("payload-profiles: " + printable(message) + '\n');
+    Terminal::writeMessage("payload-profiles: " + Text::printableText(message, maximumBytes) + '\n');
 }
 
 void Console::finish() {

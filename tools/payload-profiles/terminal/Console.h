@@ -24,8 +24,8 @@ public:
     /// Shows `replacement` wherever `text` occurs in a later message.
     void conceal(const std::string& text, const std::string& replacement);
 
-    /// Writes "payload-profiles: SUBJECT: text" after the output so far; both texts are made printable. An
-    /// empty subject is left out. Throws OutputFailure.
+    /// Writes "payload-profiles: SUBJECT: text" after the output so far; both texts are made printable and,
+    /// together, cut to 10000 bytes. An empty subject is left out. Throws OutputFailure.
     void showMessage(const std::string& subject, const std::string& text);
 
     /// Writes what was printed and closes the output. Throws OutputFailure.

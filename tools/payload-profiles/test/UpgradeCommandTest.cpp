@@ -101,7 +101,16 @@ TEST_F(UpgradeCommandTest, LeavesTheFileUnchangedOnFailure) {
     const std::string others =
         "88 \"Korvane Alpha Fine\", 4 \"Korvane Gamma Twin\", 3 \"Korvane Gamma Reach\", 2 "
         "\"Korvane Gamma\", 1 \"Korvane Alpha\"";
+    std::string manyLidars = "[";
+    for (int id = 1; id <= 22; ++id)
+        manyLidars += (id > 1 ? ",{\"id\":" : "{\"id\":") + std::to_string(id) + ",\"name\":\"" +
+                      std::string(id == 1 ? 101 : 1, 'n') + "\",\"lidar\":0}";
+    std::string twentyLabels = "1 \"" + std::string(100, 'n') + "...\"";
+    for (int id = 2; id <= 20; ++id)
+        twentyLabels += ", " + std::to_string(id) + " \"n\"";
     const std::pair<std::string, std::string> cases[] = {
+        {manyLidars + ']', unchanged("a lidar that is not an object cannot be upgraded, remove it from " +
+                                     twentyLabels + " and 2 others")},
         {mixture, "the profiles are of several versions (version 2: 370 \"Korvane Alpha Fine\", " + others +
                       "; version 3: 409 \"Korvane Alpha Reach\"); give the one to upgrade from with --from"},
         {contradiction,
