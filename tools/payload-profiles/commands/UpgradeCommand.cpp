@@ -66,13 +66,15 @@ void checkReadable(const Context& context, const UpgradeArguments& arguments, co
 /// The text of an existing backup, empty when there is none. An empty file is what an interrupted upgrade may
 /// leave, and no backup.
 std::string readBackup(const Context& context, const std::string& backup) {
-    return fs::exists(fs::symlink_status(backup)) ? context.documents.textFiles->read(backup) : "";
+    return fs::exists(backup) ? context.documents.textFiles->read(backup) : "";
 }
 
 /// Where the original is kept. Throws when another backup exists there.
 std::string chooseBackup(const Context& context, const UpgradeArguments& arguments, unsigned int from,
                          const std::string& text) {
     std::string backup = arguments.file + ".v" + std::to_string(from) + ".bak";
+    if (fs::is_symlink(backup)) // it may lead to the file itself
+        throw Failure(backup, "this backup is a symbolic link; move it away, or upgrade with --no-backup");
     const std::string existing = readBackup(context, backup);
     if (!existing.empty() && existing != text)
         throw Failure(backup,

@@ -80,6 +80,14 @@ TEST_F(UpgradeCommandTest, NeverReplacesADifferentBackup) {
     EXPECT_EQ(read("old.json"), document);
     runWell("upgrade old.json --no-backup");
     EXPECT_EQ(read("old.json.v4.bak"), "mine");
+    write("old.json", document);
+    std::filesystem::remove(folder / "old.json.v4.bak");
+    std::filesystem::create_symlink("old.json", folder / "old.json.v4.bak");
+    expect("upgrade old.json", 2, "",
+           failure("old.json.v4.bak",
+                   "this backup is a symbolic link; move it away, or upgrade with --no-backup"));
+    EXPECT_EQ(read("old.json"), document);
+    std::filesystem::remove(folder / "old.json.v4.bak");
     for (const std::string& backup : {document, std::string()}) { // empty: of an interrupted upgrade
         write("old.json", document);
         write("old.json.v4.bak", backup);
