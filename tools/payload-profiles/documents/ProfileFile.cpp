@@ -26,22 +26,16 @@ FileLock lockExpected(const std::string& file, FileToChange::Expected expected, 
     return lockFile(file, wait);
 }
 
-/// Creates a missing file where that is allowed; returns whether it did.
-bool createIfMissing(const DocumentAccess& documents, const std::string& file,
-                     FileToChange::Expected expected) {
+/// Null where the file is missing and may be.
+std::shared_ptr<ProfileListStorage> openExpected(const DocumentAccess& documents, const std::string& file,
+                                                 FileToChange::Expected expected) {
     using Expected = FileToChange::Expected;
-    if (expected == Expected::File) {
+    if (expected == Expected::File)
         requireFile(file); // once more: it may have gone before it was locked
-        return false;
-    }
-    return about(file, [&] {
-        if (expected == Expected::Nothing)
-            requireNoFile(file);
-        if (fs::exists(file))
-            return false;
-        documents.textFiles->create(followLinks(file), ""); // never one that another process just made
-        return true;
-    });
+    if (expected == Expected::Nothing)
+        requireNoFile(file);
+    const bool exists = about(file, [&] { return fs::exists(file); });
+    return exists ? openStorage(documents, file) : nullptr;
 }
 
 } // namespace
@@ -87,24 +81,22 @@ FileLock lockFile(const std::string& file, std::chrono::seconds wait) {
     });
 }
 
-FileToChange::FileToChange(const DocumentAccess& documents, const std::string& name, Expected expected,
+FileToChange::FileToChange(const DocumentAccess& access, const std::string& name, Expected expected,
                            std::chrono::seconds wait)
-    : file(name),
+    : documents(access),
+      file(name),
       lock(lockExpected(name, expected, wait)),
-      isCreated(createIfMissing(documents, name, expected)),
-      storage(openStorage(documents, name)) {}
+      storage(openExpected(access, name, expected)) {}
 
-FileToChange::~FileToChange() {
-    if (!isCreated)
-        return;
-    std::error_code ignored;
-    const fs::path target = fs::canonical(file, ignored);
-    if (!ignored && fs::is_regular_file(target, ignored) && fs::file_size(target, ignored) == 0)
-        fs::remove(target, ignored);
-}
+ProfileList FileToChange::read() const { return storage ? readProfiles(file, storage) : ProfileList(); }
 
 void FileToChange::write(const ProfileList& list) const {
-    about(file, [&] { storage->write(list); });
+    about(file, [&] {
+        if (storage)
+            storage->write(list);
+        else // never replaces what another process has just made
+            documents.textFiles->create(followLinks(file), documents.serializer->serialize(list));
+    });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

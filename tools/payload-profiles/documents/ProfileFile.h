@@ -33,25 +33,24 @@ FileLock lockFile(const std::string& file, std::chrono::seconds wait);
 /// A file that a command reads, changes and writes under one lock. All operations throw Failure.
 class FileToChange {
 public:
-    /// What must exist at the path; for Anything and Nothing, a missing file is created empty, and removed
-    /// again if it stays empty.
+    /// What must exist at the path. A missing file is an empty list; writing creates it.
     enum class Expected { Anything, File, Nothing };
 
-    FileToChange(const DocumentAccess& documents, const std::string& file, Expected expected,
+    FileToChange(const DocumentAccess& access, const std::string& name, Expected expected,
                  std::chrono::seconds wait);
 
     FileToChange(const FileToChange&) = delete;
     FileToChange& operator=(const FileToChange&) = delete;
-    ~FileToChange();
 
-    ProfileList read() const { return readProfiles(file, storage); }
+    ProfileList read() const;
+    /// At most once.
     void write(const ProfileList& list) const;
 
 private:
+    const DocumentAccess& documents;
     std::string file;
     FileLock lock;
-    bool isCreated;
-    std::shared_ptr<ProfileListStorage> storage;
+    std::shared_ptr<ProfileListStorage> storage; ///< null for a missing file
 };
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -148,7 +148,7 @@ TEST_F(ApplicationTest, CreatesNoFileWhenACommandFails) {
            failure("two.json", "the document must contain one profile but contains 14"));
     expect("show factory 12", 2, "", failure("factory", "there is no profile 12"));
     expect("merge two.json factory", 2, "", failure("factory", "this is a source that cannot be changed"));
-    expect("merge factory p.json", 2, "", failure("p.json", "cannot write \"p.json\": File too large"),
+    expect("merge factory p.json", 2, "", failure("p.json", "cannot create \"p.json\": File too large"),
            "ulimit -f 2;");
     EXPECT_EQ(listFiles(), "two.json ");
 }
