@@ -100,7 +100,7 @@ std::string reasonOf(CURLcode code, CURL* connection, const char* detail, const 
 
 Answer exchange(CURL* connection, const Address& address, bool sendsCredentials,
                 const RequestContext& context) {
-    Reception reception(context.options);
+    Reception reception(context.options, context.credentials);
     std::array<char, CURL_ERROR_SIZE> detail{};
     const ResetOnExit reset(connection);
     setProtocol(connection, context.options, address);

@@ -49,12 +49,13 @@ std::string_view trimmed(std::string_view text) {
 /// undo encodings that it did not ask for, several on top of each other, with much memory for some.
 template <std::size_t N>
 void addEncodings(std::string& encodings, std::string_view value,
-                  const std::array<std::string_view, N>& accepted) {
+                  const std::array<std::string_view, N>& accepted, const Credentials& credentials) {
     if (value.empty())
         return;
-    encodings += (encodings.empty() ? "" : ", ") + toLowerCase(value);
-    if (std::find(accepted.begin(), accepted.end(), encodings) == accepted.end())
-        throw RequestError("the encoding \"" + Text::printableText(encodings, MAXIMUM_SHOWN_ENCODING_BYTES) +
+    encodings += (encodings.empty() ? "" : ", ") + std::string(value);
+    if (std::find(accepted.begin(), accepted.end(), toLowerCase(encodings)) == accepted.end())
+        throw RequestError("the encoding \"" +
+                           Text::printableText(credentials.masked(encodings), MAXIMUM_SHOWN_ENCODING_BYTES) +
                            "\" of the answer is not supported");
 }
 
@@ -106,9 +107,9 @@ void Reception::receiveHeaderLine(std::string_view line) {
     const std::string name = toLowerCase(trimmed(line.substr(0, colon)));
     const std::string_view value = trimmed(line.substr(std::min(colon + 1, line.size())));
     if (name == "content-encoding")
-        addEncodings<4>(contentEncodings, value, {"identity", "gzip", "x-gzip", "deflate"});
+        addEncodings<4>(contentEncodings, value, {"identity", "gzip", "x-gzip", "deflate"}, credentials);
     else if (name == "transfer-encoding")
-        addEncodings<2>(transferEncodings, value, {"identity", "chunked"});
+        addEncodings<2>(transferEncodings, value, {"identity", "chunked"}, credentials);
 }
 
 void Reception::receiveBody(std::string_view data) {

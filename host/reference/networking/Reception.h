@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Credentials.h"
 #include "norel/Desktop/Networking/Http/CurlHttpClient.h"
 
 #include <curl/curl.h>
@@ -15,13 +16,15 @@ namespace norel::Desktop::Networking::Http {
 /// One answer while it is received, kept within limits in each of its parts. The functions that libcurl calls
 /// must not throw: `failure` holds the exception, and the transfer ends.
 struct Reception {
-    explicit Reception(const CurlHttpClient::Options& newOptions) : options(newOptions) {}
+    Reception(const CurlHttpClient::Options& newOptions, const Credentials& secrets)
+        : options(newOptions), credentials(secrets) {}
 
     void receiveHeaderLine(std::string_view line);
     void receiveBody(std::string_view data);
     void showProgress() const;
 
     const CurlHttpClient::Options& options;
+    const Credentials& credentials; ///< in no message
     std::string body;
     bool isHeaderComplete = false; ///< libcurl accepts a header that was cut off
     std::exception_ptr failure;

@@ -252,6 +252,8 @@ TEST_F(CurlHttpClientTest, MasksTheKeyAndThePasswordThatAServerRepeats) {
          failed + ", redirected to ftp://x/***: the scheme is neither http nor https"},
         {moved + "ftp://x/" + x285 + "Kq7%2FvR-2/abc\r\n\r\n", "", "Kq7/vR-2", // masked before it is cut off
          failed + ", redirected to ftp://x/" + x285 + "***/abc: the scheme is neither http nor https"},
+        {"HTTP/1.1 200 OK\r\nContent-Encoding: x-" + key + "\r\n\r\n", "", key,
+         failed + ": the encoding \"x-***\" of the answer is not supported"},
         {moved + "http:user:password@host/\r\n\r\n", "", "",
          failed + ", redirected to an address that cannot be read: Unsupported number of slashes following "
                   "scheme"},
@@ -315,7 +317,7 @@ TEST_F(CurlHttpClientTest, ReportsWhatAMisbehavingPeerDoes) {
         {"no HTTP", "Received HTTP/0.9 when not allowed"},
         {ok + "Content-Encoding: gzip\r\nContent-Length: 7\r\n\r\nno gzip",
          "Error while processing content unencoding: incorrect header check"},
-        {ok + "Content-Encoding: GZIP , gzip\r\n\r\n", encoded("gzip , gzip")},
+        {ok + "Content-Encoding: GZIP , gzip\r\n\r\n", encoded("GZIP , gzip")},
         {ok + "Content-Encoding: gzip\r\ncontent-encoding:deflate\r\n\r\n", encoded("gzip, deflate")},
         {ok + "Content-Encoding: zstd\x1b\r\n\r\n", encoded("zstd\\u001b")},
         {ok + "Transfer-Encoding: gzip, chunked\r\n\r\n", encoded("gzip, chunked")},
