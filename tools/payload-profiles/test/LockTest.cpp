@@ -1,8 +1,11 @@
 #include "RunApplication.h"
 #include "documents/FileLock.h"
 
+#include <chrono>
 #include <map>
+#include <optional>
 #include <sstream>
+#include <thread>
 
 namespace norel::Desktop::PayloadProfiles::Test {
 namespace {
@@ -58,6 +61,25 @@ TEST_F(LockTest, WaitsForTheLockOfTheFileThatLinksLeadTo) {
     runWell("merge profile.json link.json --dry-run; } && { '" PAYLOAD_PROFILES
             "' upgrade --dry-run link.json; }",
             "{");
+}
+
+TEST_F(LockTest, IsNotTakenOnALockFileThatAHolderHasRemoved) {
+    if (*SANITIZERS != '\0' || std::system("strace -o /dev/null true 2>/dev/null") != 0)
+        GTEST_SKIP() << "the application cannot be traced";
+    write("profile.json", makeDocument(5));
+    std::optional<FileLock> lock(std::in_place, folder / "p.json", std::chrono::seconds(0));
+    // The application opens the lock file and locks it, by its fourth call of fcntl, a second later.
+    std::thread other([this] {
+        expect("add p.json profile.json --wait 0", 2, "",
+               failure("p.json", "still locked by process " + std::to_string(::getpid()) +
+                                     " after 0 seconds; --wait SECONDS waits longer"),
+               "strace -o trace -e trace=fcntl -e inject=fcntl:delay_enter=1000000:when=4");
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    lock.reset();
+    lock.emplace(folder / "p.json", std::chrono::seconds(0));
+    other.join();
+    EXPECT_NE(read("trace").find("F_SETLK"), std::string::npos);
 }
 
 TEST_F(LockTest, DoesNotWaitWhereTheFolderCannotBeUsed) {
