@@ -24,22 +24,6 @@ auto withJsonErrors(const Operation& operation) {
     }
 }
 
-template <typename T>
-void read(const Tree& tree, T& value) {
-    if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
-        if (tree.is_number_float()) {
-            value = static_cast<T>(static_cast<std::int64_t>(std::fmod(tree.get<double>(), 0x1p32)));
-            return;
-        }
-    tree.get_to(value);
-}
-
-template <typename Number>
-void read(const Tree& tree, std::map<std::string, Number>& numbers) {
-    for (const auto& [key, member] : tree.get<std::map<std::string, Tree>>())
-        read(member, numbers[key]);
-}
-
 bool isFinite(const Tree& tree) {
     return tree.is_structured()     ? std::all_of(tree.begin(), tree.end(), isFinite)
            : tree.is_number_float() ? std::isfinite(tree.get<double>())
@@ -49,15 +33,6 @@ bool isFinite(const Tree& tree) {
 } // namespace
 
 Json::Json() : tree(std::make_shared<Tree>()) {}
-Json::Json(int number) : tree(std::make_shared<Tree>(number)) {}
-Json::Json(unsigned int number) : tree(std::make_shared<Tree>(number)) {}
-Json::Json(double number) : tree(std::make_shared<Tree>(number)) {}
-Json::Json(bool boolean) : tree(std::make_shared<Tree>(boolean)) {}
-Json::Json(const std::string& text) : tree(std::make_shared<Tree>(text)) {}
-Json::Json(const std::map<std::string, int>& members) : tree(std::make_shared<Tree>(members)) {}
-Json::Json(const std::map<std::string, unsigned int>& members) : tree(std::make_shared<Tree>(members)) {}
-Json::Json(const std::map<std::string, double>& members) : tree(std::make_shared<Tree>(members)) {}
-Json::Json(const std::vector<std::string>& elements) : tree(std::make_shared<Tree>(elements)) {}
 Json::Json(const std::vector<Json>& elements) : tree(std::make_shared<Tree>(Tree::array())) {
     for (const Json& element : elements)
         tree->push_back(*element.tree);
@@ -101,31 +76,37 @@ std::string Json::get(const std::string& key) const { return getValue(key).getAs
 std::string Json::getAsString() const { return as<std::string>(); }
 
 JsonConstIterator Json::begin() const {
-    const auto elements = std::make_shared<std::vector<Json>>();
-    for (const Tree& element : withJsonErrors([&] { return tree->get<std::vector<Tree>>(); }))
-        elements->push_back(Json(std::make_shared<Tree>(element)));
-    return {elements, 0};
+    const auto elements = as<std::vector<Tree>>();
+    return {std::make_shared<std::vector<Json>>(elements.begin(), elements.end()), 0};
 }
 
 JsonConstIterator Json::end() const { return {nullptr, tree->size()}; }
 
 template <typename T>
 T Json::as() const {
-    return withJsonErrors([&] {
-        T value{};
-        read(*tree, value);
-        return value;
-    });
+    return withJsonErrors([&] { return tree->get<T>(); });
 }
 
+template <typename T>
+Json::Json(const T& value) : tree(std::make_shared<Tree>(value)) {}
+
+template Json::Json(const int&);
 template int Json::as<int>() const;
+template Json::Json(const unsigned int&);
 template unsigned int Json::as<unsigned int>() const;
+template Json::Json(const double&);
 template double Json::as<double>() const;
+template Json::Json(const bool&);
 template bool Json::as<bool>() const;
+template Json::Json(const std::string&);
 template std::string Json::as<std::string>() const;
+template Json::Json(const std::map<std::string, int>&);
 template std::map<std::string, int> Json::as<std::map<std::string, int>>() const;
+template Json::Json(const std::map<std::string, unsigned int>&);
 template std::map<std::string, unsigned int> Json::as<std::map<std::string, unsigned int>>() const;
+template Json::Json(const std::map<std::string, double>&);
 template std::map<std::string, double> Json::as<std::map<std::string, double>>() const;
+template Json::Json(const std::vector<std::string>&);
 template std::vector<std::string> Json::as<std::vector<std::string>>() const;
 
 } // namespace norel::Desktop::DataFormat

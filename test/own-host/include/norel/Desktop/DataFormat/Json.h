@@ -24,19 +24,12 @@ public:
     };
 
     Json();
-    Json(int number);
-    Json(unsigned int number);
-    Json(double number);
-    Json(bool boolean);
-    Json(const std::string& text);
-    Json(const std::map<std::string, int>& members);
-    Json(const std::map<std::string, unsigned int>& members);
-    Json(const std::map<std::string, double>& members);
-    Json(const std::vector<std::string>& elements);
+    /// Of any type that as() reads.
+    template <typename T>
+    Json(const T& value);
     Json(const std::vector<Json>& elements);
     Json(const Json& other);
     Json& operator=(const Json& other);
-    ~Json() = default;
 
     static Json fromString(const std::string& text);
     std::string toString(int indent) const;

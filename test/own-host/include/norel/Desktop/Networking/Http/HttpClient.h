@@ -7,12 +7,10 @@
 namespace norel::Desktop::Networking::Http {
 
 struct HttpClient {
-    enum Verb : std::uint32_t {};
-
     struct Request {
         struct Builder;
 
-        Verb method;
+        std::uint32_t method = 0;
         std::string url, extra, key;
     };
 
@@ -31,17 +29,16 @@ struct HttpClient {
     virtual Response send(const Request& request) = 0;
 };
 
-struct HttpClient::Request::Builder {
-    Verb method{};
-    std::string url, extra, key;
-
-    Request build() const { return {method, url, extra, key}; }
+struct HttpClient::Request::Builder : Request {
+    Request build() const { return *this; }
 };
 
 } // namespace norel::Desktop::Networking::Http
 
 namespace norel::Desktop::Utils::ConvertToGenericString {
 
-std::string convertToGenericString(const Networking::Http::HttpClient::Response& response);
+inline std::string convertToGenericString(const Networking::Http::HttpClient::Response& response) {
+    return "status " + std::to_string(response.code);
+}
 
 } // namespace norel::Desktop::Utils::ConvertToGenericString
