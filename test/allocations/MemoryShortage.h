@@ -8,6 +8,13 @@
 
 namespace norel::Desktop::Test {
 
+/// The memory in use, in bytes with the overhead of common allocators.
+struct Heap {
+    std::size_t used = 0;
+    std::size_t peak = 0;
+};
+extern Heap heap;
+
 /// Makes one allocation of the program fail, or all from a given one on. For single-threaded tests.
 class MemoryShortage {
 public:

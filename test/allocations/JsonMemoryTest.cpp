@@ -1,63 +1,15 @@
 #include "norel/Desktop/DataFormat/Json.h"
 
-#include <algorithm>
-#include <cstdlib>
-#include <functional>
-#include <gmock/gmock.h>
-#include <limits>
-#include <new>
+#include "MemoryShortage.h"
+
 #include <utility>
-
-namespace {
-
-/// Controls and counts every allocation of this program.
-struct Heap {
-    static constexpr std::size_t UNLIMITED = std::numeric_limits<std::size_t>::max();
-
-    std::size_t allocationsUntilFailure = UNLIMITED;
-    bool isShortageLasting = false;
-    std::size_t used = 0; // with the overhead of common allocators
-    std::size_t peak = 0;
-};
-Heap heap;
-
-constexpr std::size_t HEADER = alignof(std::max_align_t); // holds the counted size of the block
-
-} // namespace
-
-// NOLINTBEGIN(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
-void* operator new(std::size_t size) {
-    if (heap.allocationsUntilFailure == 0) {
-        if (!heap.isShortageLasting)
-            heap.allocationsUntilFailure = Heap::UNLIMITED;
-        throw std::bad_alloc();
-    }
-    if (heap.allocationsUntilFailure != Heap::UNLIMITED)
-        --heap.allocationsUntilFailure;
-    void* block = std::malloc(HEADER + size);
-    if (!block)
-        throw std::bad_alloc();
-    auto& counted = *static_cast<std::size_t*>(block);
-    counted = std::max<std::size_t>(32, (size + 8 + 15) / 16 * 16);
-    heap.used += counted;
-    heap.peak = std::max(heap.peak, heap.used);
-    return static_cast<std::byte*>(block) + HEADER;
-}
-
-void operator delete(void* pointer) noexcept {
-    if (!pointer)
-        return;
-    void* block = static_cast<std::byte*>(pointer) - HEADER;
-    heap.used -= *static_cast<std::size_t*>(block);
-    std::free(block);
-}
-
-void operator delete(void* pointer, std::size_t /*size*/) noexcept { operator delete(pointer); }
-// NOLINTEND(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
 
 namespace norel::Desktop::DataFormat {
 namespace {
 
+using Test::expectWholeWhateverAllocationFails;
+using Test::heap;
+using Test::MemoryShortage;
 using Numbers = std::map<std::string, double>;
 const std::string LONG = "a text that is too long to be held without memory";
 const std::string TEXT =
@@ -112,21 +64,11 @@ TEST(JsonMemory, ShortageIsAnExceptionAndNeverAnotherResult) {
         }};
     for (const auto& operation : operations) {
         const std::string expected = resultOf(operation);
-        for (const bool isLasting : {false, true}) {
-            bool isDone = false;
-            for (std::size_t allocations = 0; !isDone; ++allocations) {
-                std::string result = expected;
-                heap.isShortageLasting = isLasting;
-                heap.allocationsUntilFailure = allocations;
-                try {
-                    result = resultOf(operation);
-                    isDone = isLasting || heap.allocationsUntilFailure != Heap::UNLIMITED;
-                } catch (const std::bad_alloc&) {
-                }
-                heap.allocationsUntilFailure = Heap::UNLIMITED;
-                EXPECT_EQ(result, expected);
-            }
-        }
+        expectWholeWhateverAllocationFails([&](MemoryShortage& shortage) {
+            std::string result = expected;
+            shortage.allows([&] { result = resultOf(operation); });
+            EXPECT_EQ(result, expected);
+        });
     }
 }
 
