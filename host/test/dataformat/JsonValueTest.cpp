@@ -54,9 +54,8 @@ TEST(JsonValue, ReadsIntegersFromAnyNumber) {
         EXPECT_EQ(map.as<Members<int>>(), (Members<int>{{"n", number}})) << text;
         EXPECT_EQ(map.as<Members<unsigned int>>(), (Members<unsigned int>{{"n", unsignedNumber}})) << text;
     }
-    for (const double number :
-         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()})
-        EXPECT_EQ(Json(number).as<int>(), 0);
+    EXPECT_EQ(Json(std::numeric_limits<double>::infinity()).as<int>(), 0);
+    EXPECT_EQ(Json(std::numeric_limits<double>::quiet_NaN()).as<int>(), 0);
 }
 
 TEST(JsonValue, ReadsTheOtherTypesFromTheirOwnKind) {
@@ -87,13 +86,10 @@ void expectRefusals(const std::string& required, const std::set<std::string>& ac
 
 TEST(JsonValue, RefusesOtherKindsWithTheLibrarysMessages) {
     expectRefusals<int>("number", {"number", "boolean"});
-    expectRefusals<unsigned int>("number", {"number", "boolean"});
     expectRefusals<double>("number", {"number"});
     expectRefusals<bool>("boolean", {"boolean"});
     expectRefusals<std::string>("string", {"string"});
     expectRefusals<Members<int>>("object", {"object"});
-    expectRefusals<Members<unsigned int>>("object", {"object"});
-    expectRefusals<Members<double>>("object", {"object"});
     expectRefusals<Strings>("array", {"array"});
 }
 
