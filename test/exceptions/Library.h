@@ -2,17 +2,16 @@
 
 #include "norel/Desktop/Test/LibraryExport.h"
 
-#include <functional>
-#include <string>
+#include <array>
+#include <typeinfo>
 
 /// A library other than the one that defines the exceptions.
 namespace norel::Desktop::Test {
 
-/// Throws the exception of that kind: 0 for ParsingError, 1 for InvalidProfile, 2 for InvalidContent.
-NOREL_EXCEPTIONS_TEST_EXPORT void throwAcrossLibraries(int kind);
+/// Its type information of ParsingError, InvalidProfile and InvalidContent.
+NOREL_EXCEPTIONS_TEST_EXPORT std::array<const std::type_info*, 3> getTypesInLibrary();
 
-/// The name in the type information, as this library has it, of the exception that `operation` throws;
-/// nullptr for other exceptions.
-NOREL_EXCEPTIONS_TEST_EXPORT const char* catchAcrossLibraries(const std::function<void()>& operation);
+/// Throws that exception.
+NOREL_EXCEPTIONS_TEST_EXPORT void throwInvalidContent();
 
 } // namespace norel::Desktop::Test
