@@ -7,9 +7,9 @@
 namespace norel::Desktop::DataFormat {
 namespace {
 
-using Test::expectWholeWhateverAllocationFails;
 using Test::heap;
 using Test::MemoryShortage;
+using Test::runWithEachAllocationFailing;
 using Numbers = std::map<std::string, double>;
 const std::string LONG = "a text that is too long to be held without memory";
 const std::string TEXT =
@@ -64,7 +64,7 @@ TEST(JsonMemory, ShortageIsAnExceptionAndNeverAnotherResult) {
         }};
     for (const auto& operation : operations) {
         const std::string expected = resultOf(operation);
-        expectWholeWhateverAllocationFails([&](MemoryShortage& shortage) {
+        runWithEachAllocationFailing([&](MemoryShortage& shortage) {
             std::string result = expected;
             shortage.allows([&] { result = resultOf(operation); });
             EXPECT_EQ(result, expected);
