@@ -25,15 +25,11 @@ TEST(JsonText, RefusesTextsThatAreNotOneValue) {
     const std::string value = "syntax error while parsing value - ";
     const std::pair<std::string, std::string> cases[] = {
         {"", PARSING + "1, column 1: " + value + "unexpected end of input; expected '[', '{', or a literal"},
-        {"1 2", PARSING + "1, column 3: " + value + "unexpected number literal; expected end of input"},
         {"{\"a\":1,}",
          PARSING +
              "1, column 8: syntax error while parsing object key - unexpected '}'; expected string literal"},
         {"[1",
          PARSING + "1, column 3: syntax error while parsing array - unexpected end of input; expected ']'"},
-        {"\"\xFF\"",
-         PARSING + "1, column 2: " + value + "invalid string: ill-formed UTF-8 byte; last read: '\"\xFF'"},
-        {"NaN", PARSING + "1, column 1: " + value + "invalid literal; last read: 'N'"},
         {"// note\n1", PARSING + "1, column 1: " + value + "invalid literal; last read: '/'"},
         {"1e400", "[json.exception.out_of_range.406] number overflow parsing '1e400'"},
         {std::string("[1]\0{}", 6), "a JSON text cannot hold the NUL character found at byte 4"}};
