@@ -25,6 +25,7 @@ TEST(JsonText, RefusesTextsThatAreNotOneValue) {
     const std::string value = "syntax error while parsing value - ";
     const std::pair<std::string, std::string> cases[] = {
         {"", PARSING + "1, column 1: " + value + "unexpected end of input; expected '[', '{', or a literal"},
+        {"1 2", PARSING + "1, column 3: " + value + "unexpected number literal; expected end of input"},
         {"{\"a\":1,}",
          PARSING +
              "1, column 8: syntax error while parsing object key - unexpected '}'; expected string literal"},
