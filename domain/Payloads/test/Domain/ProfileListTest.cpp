@@ -102,8 +102,8 @@ TEST(ProfileList, WorksWithStandardAlgorithmsAndRanges) {
     EXPECT_EQ(list.size(), 3U);
     EXPECT_EQ(std::ranges::find(list, 7U, &Profile::getId)->getName(), "c");
     std::string names;
-    for (const std::string& name : list | std::views::transform(&Profile::getName))
-        names += name;
+    std::ranges::for_each(
+        list, [&](const std::string& name) { names += name; }, &Profile::getName);
     EXPECT_EQ(names, "acb");
     ProfileListConstIterator position = list.begin();
     EXPECT_EQ((*position++).getId(), 1U);
