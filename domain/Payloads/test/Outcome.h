@@ -2,11 +2,19 @@
 
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 
+#include <cstdint>
 #include <exception>
 #include <stdexcept>
 #include <string>
 
 namespace norel::Desktop::Domain::Payloads::Test {
+
+/// The FNV-1a digest of the text, continued from that of what precedes it.
+inline std::uint64_t digestOf(const std::string& text, std::uint64_t digest = 14695981039346656037U) {
+    for (const char character : text)
+        digest = (digest ^ static_cast<unsigned char>(character)) * 1099511628211U;
+    return digest;
+}
 
 /// Always reads and writes with JSON values, as any part of a derived serializer may be overridden.
 class DerivedSerializer : public JsonProfileListSerializer {};

@@ -22,21 +22,20 @@ std::string readFile(const std::filesystem::path& path) {
     return text.str();
 }
 
-/// Compares the outcomes of both serializers, and computes a digest (FNV-1a) of all outcomes, to be compared
-/// with that of the first release.
+/// Compares the outcomes of both serializers, and computes a digest of all outcomes, to be compared with that
+/// of the first release.
 class Comparison {
 public:
     void add(const std::string& text) {
         const std::string outcome = outcomeOf(JsonProfileListSerializer(), text);
         ASSERT_EQ(outcome, outcomeOf(DerivedSerializer(), text)) << text;
-        for (const char character : outcome)
-            digest = (digest ^ static_cast<unsigned char>(character)) * 1099511628211U;
+        digest = digestOf(outcome, digest);
     }
 
     std::uint64_t getDigest() const { return digest; }
 
 private:
-    std::uint64_t digest = 14695981039346656037U;
+    std::uint64_t digest = digestOf("");
 };
 
 const std::filesystem::path DATA = NOREL_PAYLOADS_TEST_DATA;
