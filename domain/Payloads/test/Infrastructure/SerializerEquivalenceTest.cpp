@@ -115,9 +115,14 @@ TEST(SerializerEquivalence, HoldsForRandomMutations) {
         for (std::size_t changes = 1 + below(3); changes > 0; --changes) {
             const std::size_t position = below(mutated.size());
             const std::size_t length = below(4) == 0 ? below(200) : below(3);
-            mutated.replace(position, length,
-                            below(3) == 0 ? text.substr(below(text.size()), below(100))
-                                          : pieces[below(pieces.size())]);
+            std::string piece;
+            if (below(3) == 0) {
+                const std::size_t pieceLength = below(100);
+                piece = text.substr(below(text.size()), pieceLength);
+            } else {
+                piece = pieces[below(pieces.size())];
+            }
+            mutated.replace(position, length, piece);
         }
         comparison.add(mutated);
     }
