@@ -38,7 +38,7 @@ Node removeFromBack(Children& children) {
 }
 
 void growMembers(Members& members) {
-    constexpr std::size_t minimumCapacity = 4;
+    constexpr std::size_t minimumCapacity = 8;
     Members grown;
     grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
     for (const auto& member : members)
