@@ -18,8 +18,10 @@ std::size_t depthOf(const Tree& tree) {
     return depth + (tree.is_structured() ? 1 : 0);
 }
 
-/// The text as parsed by the JSON library; empty when that fails.
+/// The text as parsed by the JSON library, which takes a NUL for the end of the text; empty when that fails.
 std::optional<Tree> parse(const std::string& text) {
+    if (text.find('\0') != std::string::npos)
+        return std::nullopt;
     try {
         return Tree::parse(text);
     } catch (const Tree::exception&) {

@@ -25,21 +25,24 @@ public:
     template <typename Row, typename Builder>
     void read(const Row& row, Builder& builder) const {
         auto& member = builder.*(row.member);
-        if (!row.isIncluded(options)) {
+        if (!row.isIncluded(options))
             return;
-        } else if constexpr (Row::presence == Presence::Required) {
+        if constexpr (Row::presence == Presence::Required) {
             readMember(row, member);
         } else if constexpr (Row::presence == Presence::Defaulted) {
             if (path.contains(row.key))
                 readMember(row, member);
             else
                 member = Builder().*(row.member);
-        } else if constexpr (requires { member.emplace(); }) {
-            member.reset();
-            if (path.isOptionalSet(row.key))
-                readMember(row, member.emplace());
-        } else if (path.isOptionalSet(row.key)) {
-            readMember(row, member);
+        } else {
+            const bool isSet = path.isOptionalSet(row.key);
+            if constexpr (requires { member.emplace(); }) {
+                member.reset();
+                if (isSet)
+                    readMember(row, member.emplace());
+            } else if (isSet) {
+                readMember(row, member);
+            }
         }
     }
 

@@ -23,8 +23,8 @@ class JsonConstIterator;
 /// of that value are visible through the view. A view may outlive that value. It designates its member by
 /// key, so using a view whose member no longer exists throws JsonError. Copying a view gives an independent
 /// value; moving it gives the view itself. Assigning to a view makes it another value and does not change the
-/// value it was taken from. Moving a value keeps its views attached; assigning to it detaches them, with the
-/// former value.
+/// value it was taken from; assigning an object to itself changes nothing. Moving a value keeps its views
+/// attached; assigning to it detaches them, with the former value.
 ///
 /// Threads: as for standard types, several threads may use const operations on one object at once, and
 /// distinct objects, even copies of each other, are independent. A view and the value it was taken from count
