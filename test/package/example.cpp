@@ -10,12 +10,12 @@ int main() {
     const auto storage = std::make_shared<ProfileListFileStorage>(
         "profiles.json", std::make_shared<Storage::DurableTextFileStorage>(),
         std::make_shared<JsonProfileListSerializer>());
-    Profile::Builder builder;
+    const ProfileList factory = ProfileListDefaultProductsStorage().read();
+    Profile::Builder builder = toBuilder(*factory.getProfileByName("Korvane Alpha Fine"));
+    builder.id = Profile::ID_IS_UNASSIGNED;
     builder.name = "Coast survey";
-    builder.product = "Tessaly Alpha";
-    builder.trajectory.imuOnboard.gnssStandardDeviation = "SD10cm";
-    builder.trajectory.stabilizedMount = "none";
-    Profile profile = builder.build(); // throws when a rule is violated
+    builder.lidar->imuLatency.value = 0.002; // seconds
+    Profile profile = builder.build();       // throws when a rule is violated
     UseCase::AddOrUpdateProfile(storage, std::make_shared<DateTime::SystemClockProvider>()).execute(profile);
     for (const Profile& stored : UseCase::GetProfileListFromStorage(storage).execute())
         std::cout << stored.getId() << " " << stored.getName() << "\n";

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 namespace norel::Desktop::Domain::Payloads {
@@ -28,11 +29,11 @@ constexpr std::size_t countMembers() {
 
 } // namespace Internal
 
-/// References to the members of a plain structure, in declaration order, so that no separate list of them is
-/// needed.
-template <typename Structure>
-constexpr auto tieMembers(Structure& structure) {
-    constexpr std::size_t count = Internal::countMembers<std::remove_const_t<Structure>>();
+/// References to the members of a plain structure, in declaration order. It has as many members as `Similar`,
+/// whose members can be default-initialized, as counting them requires.
+template <typename Similar, typename Structure>
+constexpr auto tieMembersLike(Structure& structure) {
+    constexpr std::size_t count = Internal::countMembers<Similar>();
     static_assert(count <= 14, "add a case below");
     if constexpr (count == 1) {
         auto& [a] = structure;
@@ -77,6 +78,12 @@ constexpr auto tieMembers(Structure& structure) {
         auto& [a, b, c, d, e, f, g, h, i, j, k, l, m, n] = structure;
         return std::tie(a, b, c, d, e, f, g, h, i, j, k, l, m, n);
     }
+}
+
+/// References to the members of a builder, in declaration order, so that no separate list of them is needed.
+template <typename Builder>
+constexpr auto tieMembers(Builder& builder) {
+    return tieMembersLike<std::remove_const_t<Builder>>(builder);
 }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -54,7 +54,7 @@ TEST(Value, BuildsItsMembersInTheDocumentedOrder) {
     });
 }
 
-TEST(Value, ReturnsAndComparesAllItsMembers) {
+TEST(Value, ReturnsComparesAndPassesOnAllItsMembers) {
     forEachValueType([]<typename Value>() {
         SCOPED_TRACE(typeid(Value).name());
         typename Value::Builder builder;
@@ -64,6 +64,7 @@ TEST(Value, ReturnsAndComparesAllItsMembers) {
             EXPECT_TRUE(std::invoke(row.getter, value) == buildMember(builder.*row.member));
         };
         std::apply([&](const auto&... rows) { (check(rows), ...); }, rowsOf<Value>());
+        EXPECT_TRUE(toBuilder(value).build() == value);
         for (const Leaf& leaf : sample.leaves) {
             if (!leaf.change)
                 continue;

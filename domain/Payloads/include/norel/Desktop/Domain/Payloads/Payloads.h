@@ -9,7 +9,8 @@
 /// where a type says otherwise, with a message that does not name the member. Members are built from the last
 /// field to the first, which decides the message when several are invalid, except where a Builder says
 /// otherwise; the items of a list from the first to the last. Getters return copies, and empty optionals for
-/// absent members; equality compares field by field.
+/// absent members; equality compares field by field. `toBuilder` returns a builder with the contents of a
+/// value.
 ///
 /// Threads. Distinct objects may be used by distinct threads, and one value may be read by several threads at
 /// once. Storages and use cases must be serialized by the application where they share a document.
@@ -44,6 +45,7 @@
 #include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 #include "norel/Desktop/Domain/Payloads/StripAdjustment.h"
+#include "norel/Desktop/Domain/Payloads/ToBuilder.h"
 #include "norel/Desktop/Domain/Payloads/Trajectory.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/DeleteProfile.h"
