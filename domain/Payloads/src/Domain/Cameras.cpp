@@ -1,20 +1,15 @@
 #include "norel/Desktop/Domain/Payloads/Cameras.h"
 
+#include "AllowedValues.h"
 #include "Building.h"
 
 #include <set>
 #include <stdexcept>
 
 namespace norel::Desktop::Domain::Payloads {
-namespace {
-
-constexpr std::array<std::string_view, 6> ORIENTATIONS{"a-left", "d-right", "w-front",
-                                                       "x-rear", "s-nadir", "nadir"};
-
-} // namespace
 
 void checkFields(const Camera::Builder& builder) {
-    if (!isOneOf(ORIENTATIONS, builder.orientation))
+    if (!isOneOf(AllowedValues::ORIENTATIONS, builder.orientation))
         throw std::invalid_argument("Profile Camera: orientation \"" + shortened(builder.orientation) +
                                     "\" is invalid");
 }

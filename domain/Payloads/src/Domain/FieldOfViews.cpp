@@ -1,5 +1,6 @@
 #include "norel/Desktop/Domain/Payloads/FieldOfViews.h"
 
+#include "AllowedValues.h"
 #include "Building.h"
 #include "norel/Desktop/Utils/ConvertToGenericString.h"
 
@@ -18,7 +19,7 @@ void checkFields(const FieldOfViewRange::Builder& builder) {
         throw std::invalid_argument(
             "Profile FieldOfViewRange: minimum (" + convertToGenericString(builder.minimum) +
             ") must be smaller or equal to maximum (" + convertToGenericString(builder.maximum) + ")");
-    if (builder.unit != "deg")
+    if (!isOneOf(AllowedValues::FIELD_OF_VIEW_UNITS, builder.unit))
         throw std::invalid_argument("Profile FieldOfViewRange: unit must be \"deg\"");
 }
 

@@ -1,5 +1,6 @@
 #include "norel/Desktop/Domain/Payloads/Lidar.h"
 
+#include "AllowedValues.h"
 #include "Building.h"
 #include "norel/Desktop/Utils/Errors.h"
 #include "norel/Desktop/Utils/StringFunctions.h"
@@ -13,7 +14,7 @@ namespace {
 
 /// Whether the text names each of the axes x, y and z once, each with or without a minus sign.
 bool isSignedPermutation(const std::string& alignment) {
-    static const std::regex form("-?[xyz] -?[xyz] -?[xyz]");
+    static const std::regex form(AllowedValues::ALIGNMENT_FORM);
     if (!std::regex_match(alignment, form))
         return false;
     std::set<char> axes;

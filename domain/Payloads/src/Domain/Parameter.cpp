@@ -1,5 +1,6 @@
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
+#include "AllowedValues.h"
 #include "Building.h"
 #include "norel/Desktop/Utils/ConvertToGenericString.h"
 
@@ -10,8 +11,6 @@ namespace norel::Desktop::Domain::Payloads {
 namespace {
 
 using Utils::ConvertToGenericString::convertToGenericString;
-
-constexpr std::array<std::string_view, 7> UNITS{"sec", "m", "deg", "arcmin", "pts/m^2", "px", ""};
 
 bool isPowerOfTen(double precision) {
     constexpr double tolerance = 0.001;
@@ -62,7 +61,7 @@ void checkParameter(const typename Parameter<T>::Builder& builder) {
     checkPresets<T>(builder);
     if (!isWithinRange<T>(builder, value))
         fail("value (" + convertToGenericString(value) + ")" + rangeRule<T>(builder));
-    if (!isOneOf(UNITS, unit))
+    if (!isOneOf(AllowedValues::UNITS, unit))
         fail("unit \"" + shortened(unit) + "\" is not supported");
     if (!isPowerOfTen(precision))
         fail("precision (" + convertToGenericString(precision) + ") is not a power of ten");
