@@ -1,5 +1,6 @@
 #include "norel/Desktop/Domain/Payloads/LidarCoveragePreview.h"
 
+#include "AllowedValues.h"
 #include "Building.h"
 #include "norel/Desktop/Utils/ConvertToGenericString.h"
 
@@ -15,9 +16,9 @@ void checkFields(const LidarCoveragePreview::Builder& builder) {
         return std::invalid_argument("Profile LidarCoveragePreview: downsampling rate (" +
                                      convertToGenericString(rate) + ") must be " + rule);
     };
-    if (rate <= 0)
+    if (rate <= AllowedValues::DOWNSAMPLING_RATE.first)
         throw rateRule("greater than zero");
-    if (rate >= 1)
+    if (rate >= AllowedValues::DOWNSAMPLING_RATE.second)
         throw rateRule("smaller than one");
 }
 

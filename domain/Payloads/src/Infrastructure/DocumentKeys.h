@@ -3,6 +3,7 @@
 /// The keys of the document that are also used outside of its tables.
 namespace norel::Desktop::Domain::Payloads::Keys {
 
+inline constexpr const char* VALUE = "value";
 inline constexpr const char* LIDAR = "lidar";
 inline constexpr const char* PRODUCT = "product";
 inline constexpr const char* PRECISION_ENHANCEMENT = "precision_enhancement";

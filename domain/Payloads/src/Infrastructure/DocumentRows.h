@@ -3,7 +3,10 @@
 #include "ValueAccess.h"
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -43,6 +46,15 @@ enum class Presence {
     Defaulted, ///< not written when it equals the default of the builder; may be absent when read
 };
 
+/// What a rule allows in a member, as far as it concerns this member alone and its type allows more.
+struct Allowed {
+    std::span<const std::string_view> choices{}; ///< all allowed texts; empty: any
+    const char* form = nullptr;                  ///< a regular expression that the whole text matches
+    bool isNotEmpty = false;                     ///< the text or array
+    /// limits of a Parameter's value, both exclusive
+    std::optional<std::pair<double, double>> valueBetween{};
+};
+
 /// The declaration of one member of an object, on which all reading and writing of documents is based.
 template <Presence PRESENCE, typename Fields, typename Field, typename Builder, typename Member>
 struct Row {
@@ -51,11 +63,13 @@ struct Row {
     static constexpr Presence presence = PRESENCE;
 
     std::string key;
+    const char* description;     ///< of the member, for people
     Field Fields::*field;        ///< where the member is written from
     Member Builder::*member;     ///< where the member is read to
     Options options{};           ///< the flags that are passed to the member
     bool passesOptions = false;  ///< whether the flags of its object are passed instead
     unsigned int excludedBy = 0; ///< the flags of the object that exclude the member
+    Allowed allowed{};
 
     Row passingOptions() const {
         Row row = *this;
@@ -66,6 +80,12 @@ struct Row {
     Row unless(unsigned int flags) const {
         Row row = *this;
         row.excludedBy = flags;
+        return row;
+    }
+
+    Row allowing(const Allowed& values) const {
+        Row row = *this;
+        row.allowed = values;
         return row;
     }
 
@@ -89,18 +109,19 @@ struct Row {
 };
 
 template <typename Fields, typename Field, typename Builder, typename Member>
-auto required(const char* key, Field Fields::*field, Member Builder::*member, unsigned int options = 0) {
-    return Row<Presence::Required, Fields, Field, Builder, Member>{key, field, member, options};
+auto required(const char* key, const char* description, Field Fields::*field, Member Builder::*member,
+              unsigned int options = 0) {
+    return Row<Presence::Required, Fields, Field, Builder, Member>{key, description, field, member, options};
 }
 
 template <typename Fields, typename Field, typename Builder, typename Member>
-auto optional(const char* key, Field Fields::*field, Member Builder::*member) {
-    return Row<Presence::Optional, Fields, Field, Builder, Member>{key, field, member};
+auto optional(const char* key, const char* description, Field Fields::*field, Member Builder::*member) {
+    return Row<Presence::Optional, Fields, Field, Builder, Member>{key, description, field, member};
 }
 
 template <typename Fields, typename Field, typename Builder, typename Member>
-auto defaulted(const char* key, Field Fields::*field, Member Builder::*member) {
-    return Row<Presence::Defaulted, Fields, Field, Builder, Member>{key, field, member};
+auto defaulted(const char* key, const char* description, Field Fields::*field, Member Builder::*member) {
+    return Row<Presence::Defaulted, Fields, Field, Builder, Member>{key, description, field, member};
 }
 
 } // namespace norel::Desktop::Domain::Payloads
