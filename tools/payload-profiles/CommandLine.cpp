@@ -89,7 +89,8 @@ int execute(int argumentCount, const char* const* arguments, Context& context) {
     describe(application);
     for (const auto add :
          {addListCommand, addShowCommand, addAddCommand, addDeleteCommand, addValidateCommand,
-          addFactoryCommand, addMergeCommand, addUpgradeCommand, addFetchCommand})
+          addFactoryCommand, addMergeCommand, addUpgradeCommand, addFetchCommand, addSetCommand,
+          addResetCommand, addCopyCommand, addRenameCommand, addDiffCommand, addSchemaCommand})
         add(application, context);
     try {
         application.parse(argumentCount, arguments);

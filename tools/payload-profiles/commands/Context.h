@@ -8,7 +8,7 @@
 
 namespace norel::Desktop::PayloadProfiles {
 
-enum class ExitCode { Success = 0, FailuresFound = 1, Error = 2 };
+enum class ExitCode { Success = 0, FailuresFound = 1, DifferencesFound = 1, Error = 2 };
 
 /// What every command works with.
 struct Context {

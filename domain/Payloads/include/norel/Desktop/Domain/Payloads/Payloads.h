@@ -41,6 +41,7 @@
 #include "norel/Desktop/Domain/Payloads/ProfileListDefaultProductsStorage.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListFileStorage.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListHttpStorage.h"
+#include "norel/Desktop/Domain/Payloads/ProfileListSchema.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListSerializer.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"

@@ -1,0 +1,48 @@
+#include "commands/ChangeProfile.h"
+
+#include "documents/Drafts.h"
+#include "documents/Failure.h"
+#include "documents/ProfileFile.h"
+#include "documents/ProfileId.h"
+#include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
+#include "reports/DifferenceReport.h"
+
+#include <CLI/CLI.hpp>
+
+namespace norel::Desktop::PayloadProfiles {
+
+void addProfileToChange(CLI::App& command, ProfileToChange& profile) {
+    command.add_option("FILE", profile.file, "The file to change")->required();
+    command.add_option("ID", profile.id, "The id of the profile")->required()->check(checkId);
+    addWait(command, profile.wait);
+}
+
+void changeProfile(Context& context, const ProfileToChange& target,
+                   const std::function<Profile(const Profile&)>& change) {
+    const FileToChange file(context.documents, target.file, FileToChange::Expected::File, target.wait);
+    const ProfileList list = file.read();
+    const unsigned int id = parseId(target.id);
+    if (!list.existById(id))
+        throw Failure(target.file, "there is no profile " + target.id + "; nothing was changed");
+    const Profile before = *list.get(id);
+    Profile after = about(target.file, [&] {
+        try {
+            return change(before);
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception& error) {
+            throw std::runtime_error(std::string("nothing was changed: ") + error.what());
+        }
+    });
+    if (after == before) {
+        context.console.print("unchanged " + describe(before) + '\n');
+        return;
+    }
+    const std::string report = "changed " + describe(before) + '\n' + makeChangeLines(before, after);
+    const auto draft = std::make_shared<DraftStorage>(list);
+    about(target.file, [&] { UseCase::AddOrUpdateProfile(draft, context.clock).execute(after); });
+    file.write(draft->read());
+    context.console.print(report);
+}
+
+} // namespace norel::Desktop::PayloadProfiles

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "commands/Arguments.h"
+#include "commands/Context.h"
+
+#include <functional>
+
+namespace norel::Desktop::PayloadProfiles {
+
+/// The profile that a command changes.
+struct ProfileToChange {
+    std::string file;
+    std::string id;
+    LockWait wait;
+};
+
+/// Adds the arguments FILE and ID and the option --wait to a command.
+void addProfileToChange(CLI::App& command, ProfileToChange& profile);
+
+/// Replaces a profile by the result of `change` and prints what differs. The file is unchanged when `change`
+/// throws, whose exceptions become a Failure of the file, and when nothing differs.
+void changeProfile(Context& context, const ProfileToChange& target,
+                   const std::function<Profile(const Profile&)>& change);
+
+} // namespace norel::Desktop::PayloadProfiles
