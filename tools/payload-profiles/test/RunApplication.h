@@ -37,6 +37,16 @@ protected:
         return read("captured/output");
     }
 
+    /// Runs it; the result is its exit code.
+    int run(const std::string& command, const std::string& before = "") const {
+        const std::string line = "cd '" + folder.string() +
+                                 "' && exec >captured/output 2>captured/messages; "
+                                 "unset NO_COLOR PAYLOAD_PROFILES_KEY; " +
+                                 before + " '" PAYLOAD_PROFILES "' " + command;
+        const int status = std::system(line.c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
     /// An error message about a file or address, as it is written to the standard error.
     static std::string failure(const std::string& subject, const std::string& message) {
         return "payload-profiles: " + subject + ": " + message + '\n';
@@ -64,16 +74,6 @@ protected:
 
     const std::filesystem::path folder =
         std::filesystem::temp_directory_path() / ("payload-profiles-test-" + std::to_string(::getpid()));
-
-private:
-    int run(const std::string& command, const std::string& before) const {
-        const std::string line = "cd '" + folder.string() +
-                                 "' && exec >captured/output 2>captured/messages; "
-                                 "unset NO_COLOR PAYLOAD_PROFILES_KEY; " +
-                                 before + " '" PAYLOAD_PROFILES "' " + command;
-        const int status = std::system(line.c_str());
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
 };
 
 inline std::string replaced(std::string text, const std::string& part, const std::string& replacement) {

@@ -196,5 +196,12 @@ TEST_F(Document, IsUnchangedByReadingAndWriting) {
     EXPECT_EQ(list.list().size(), 2U);
 }
 
+TEST(ProfileListSchema, IsTheOneInTheDocumentation) {
+    std::ifstream file(NOREL_PAYLOADS_TEST_DATA "/../../../../docs/profile-list.schema.json",
+                       std::ios::binary);
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    EXPECT_EQ(makeProfileListSchema(), text) << "payload-profiles schema > docs/profile-list.schema.json";
+}
+
 } // namespace
 } // namespace norel::Desktop::Domain::Payloads::Test
