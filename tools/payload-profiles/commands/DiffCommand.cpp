@@ -1,5 +1,6 @@
 #include "commands/Arguments.h"
 #include "commands/Commands.h"
+#include "commands/OlderDocument.h"
 #include "reports/DifferenceReport.h"
 
 #include <CLI/CLI.hpp>
@@ -17,8 +18,9 @@ struct DiffArguments {
 };
 
 void diff(Context& context, const DiffArguments& arguments) {
-    ListDifference difference = compareLists(readSource(context.documents, arguments.from),
-                                             readSource(context.documents, arguments.to), arguments.match);
+    ListDifference difference =
+        compareLists(readForComparison(context.documents, arguments.from),
+                     readForComparison(context.documents, arguments.to), arguments.match);
     if (arguments.from.isBuiltIn())
         difference.removed.clear();
     if (arguments.to.isBuiltIn())
@@ -36,8 +38,9 @@ void addDiffCommand(CLI::App& application, Context& context) {
         "Compare the profiles of two sources\n\n"
         "The exit code is 0 when they are equal, 1 when they differ and 2 on an error. Neither the "
         "layout of a file nor the order of profiles counts, nor do factory profiles that the other "
-        "source lacks.",
+        "source lacks. The file may be of an older version, such as the backup of an upgrade.",
         "diff old.json new.json\n"
+        "diff profiles.json.v4.bak profiles.json\n"
         "diff profiles.json factory --by product\n"
         "diff old.json new.json --json");
     const auto arguments = std::make_shared<DiffArguments>();

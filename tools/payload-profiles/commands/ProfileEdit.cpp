@@ -58,34 +58,6 @@ MemberPath parsePath(const std::string& text) {
                              (nearest ? "; did you mean " + *nearest + '?' : ""));
 }
 
-/// The document with the value at a path replaced or added; empty when its parent does not exist.
-std::optional<Json> withValue(const Json& document, const MemberPath& path, const Json& value,
-                              std::size_t depth = 0) {
-    if (depth == path.size())
-        return value;
-    const std::string& step = path[depth];
-    const auto index = parseIndex(step);
-    const auto old = findValue(document, {step});
-    if (!old && (index || depth + 1 < path.size()))
-        return std::nullopt;
-    const auto replaced = withValue(old.value_or(Json()), path, value, depth + 1);
-    if (!replaced)
-        return std::nullopt;
-    try {
-        if (document.contains(step) || !index) {
-            Json changed = document;
-            changed.set(step, *replaced);
-            return changed;
-        }
-        std::vector<Json> elements;
-        for (const Json& element : document)
-            elements.push_back(elements.size() == *index ? *replaced : element);
-        return Json(std::move(elements));
-    } catch (const Json::JsonError&) { // no object
-        return std::nullopt;
-    }
-}
-
 /// The value of the preset whose name follows "@".
 std::string findPreset(const Profile& profile, const ProfileMember& member, const Assignment& assignment) {
     const std::string name = assignment.value.substr(1);

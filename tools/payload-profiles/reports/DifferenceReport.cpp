@@ -66,10 +66,26 @@ std::string describeSection(const std::vector<ProfileMember>& list, const Member
     return member == list.end() ? "present" : describeValue(*member, true);
 }
 
-Json keyOf(const Profile& profile, MatchBy match) {
+bool isLacking(const ComparedProfile& compared, const MemberPath& path) {
+    return std::ranges::any_of(compared.lacking,
+                               [&](const MemberPath& section) { return startsWith(path, section); });
+}
+
+std::vector<ProfileMember> listComparedMembers(const ComparedProfile& compared) {
+    std::vector<ProfileMember> members = listMembers(compared.profile);
+    std::erase_if(members, [&](const ProfileMember& member) { return isLacking(compared, member.path); });
+    return members;
+}
+
+std::optional<Json> findComparedValue(const ComparedProfile& compared, const MemberPath& path) {
+    return isLacking(compared, path) ? std::nullopt : findValue(makeDocument(compared.profile), path);
+}
+
+/// What matched profiles have in common.
+std::string keyOf(const Profile& profile, MatchBy match) {
     if (match == MatchBy::Id)
-        return Json(profile.getId());
-    return Json(match == MatchBy::Name ? profile.getName() : profile.getProduct());
+        return std::to_string(profile.getId());
+    return match == MatchBy::Name ? profile.getName() : profile.getProduct();
 }
 
 std::string makeStep(const std::string& key) {
@@ -107,9 +123,9 @@ std::string makePointer(const ListDifference::ChangedProfile& profile, const Mem
 
 } // namespace
 
-std::vector<Change> findChanges(const Profile& from, const Profile& to) {
-    const std::vector<ProfileMember> oldList = listMembers(from);
-    const std::vector<ProfileMember> newList = listMembers(to);
+std::vector<Change> findChanges(const ComparedProfile& from, const ComparedProfile& to) {
+    const std::vector<ProfileMember> oldList = listComparedMembers(from);
+    const std::vector<ProfileMember> newList = listComparedMembers(to);
     const Members oldMembers = sortByPath(oldList);
     const Members newMembers = sortByPath(newList);
     std::vector<Change> changes;
@@ -122,56 +138,54 @@ std::vector<Change> findChanges(const Profile& from, const Profile& to) {
                            describeValue(member, member.unit != other.unit), describeValue(other, true),
                            other.value});
     }
-    const Json oldDocument = makeDocument(from);
-    const Json newDocument = makeDocument(to);
     for (const MemberPath& path : findMissingSections(oldList, newMembers))
         changes.push_back({path, toText(path), describeSection(oldList, path), "absent",
-                           findValue(newDocument, path)}); // an array may have become empty
+                           findComparedValue(to, path)}); // an array may have become empty
     for (const MemberPath& path : findMissingSections(newList, oldMembers))
         changes.push_back({path, toText(path), "absent", describeSection(newList, path),
-                           findValue(newDocument, path), !findValue(oldDocument, path)});
+                           findComparedValue(to, path), !findComparedValue(from, path)});
     return changes;
 }
 
 std::string makeChangeLines(const Profile& from, const Profile& to) {
     std::string lines;
-    for (const Change& change : findChanges(from, to))
+    for (const Change& change : findChanges({from, {}}, {to, {}}))
         lines += "  " + printable(change.label) + ": " + change.from + " -> " + change.to + '\n';
     return lines;
 }
 
-ListDifference compareLists(const ProfileList& from, const ProfileList& to, MatchBy match) {
-    std::map<std::string, std::vector<Profile>> unmatched;
-    for (const Profile& profile : to)
-        unmatched[keyOf(profile, match).toString(-1)].push_back(profile);
-    std::map<std::string, Profile> lastMatches;
+ListDifference compareLists(const std::vector<ComparedProfile>& from, const std::vector<ComparedProfile>& to,
+                            MatchBy match) {
+    std::map<std::string, std::vector<ComparedProfile>> unmatched;
+    for (const ComparedProfile& other : to)
+        unmatched[keyOf(other.profile, match)].push_back(other);
+    std::map<std::string, ComparedProfile> lastMatches; // also for further profiles of the same key
     ListDifference difference;
     unsigned int index = 0;
-    for (const Profile& profile : from) {
-        const std::string key = keyOf(profile, match).toString(-1);
-        std::vector<Profile>& candidates = unmatched[key];
+    for (const ComparedProfile& compared : from) {
+        const std::string key = keyOf(compared.profile, match);
+        std::vector<ComparedProfile>& candidates = unmatched[key];
         if (!candidates.empty()) {
             lastMatches.insert_or_assign(key, candidates.front());
             candidates.erase(candidates.begin());
         }
         if (const auto other = lastMatches.find(key); other == lastMatches.end()) {
-            difference.removed.emplace_back(index, profile);
+            difference.removed.emplace_back(index, compared.profile);
         } else {
-            std::vector<Change> changes = findChanges(profile, other->second);
+            std::vector<Change> changes = findChanges(compared, other->second);
             if (match != MatchBy::Id)
                 std::erase_if(changes, [](const Change& change) {
                     return std::ranges::find(IDENTITY, change.label) != IDENTITY.end();
                 });
             if (!changes.empty())
-                difference.changed.push_back({index, profile, other->second, std::move(changes)});
+                difference.changed.push_back(
+                    {index, compared.profile, other->second.profile, std::move(changes)});
         }
         ++index;
     }
-    for (const Profile& profile : to) {
-        const std::vector<Profile>& rest = unmatched[keyOf(profile, match).toString(-1)];
-        if (std::ranges::find(rest, profile.getId(), &Profile::getId) != rest.end())
-            difference.added.push_back(profile);
-    }
+    for (const auto& [key, rest] : unmatched)
+        for (const ComparedProfile& other : rest)
+            difference.added.push_back(other.profile);
     return difference;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "norel/Desktop/DataFormat/Json.h"
-#include "norel/Desktop/Domain/Payloads/ProfileList.h"
+#include "norel/Desktop/Domain/Payloads/Profile.h"
 #include "reports/ProfileMembers.h"
 
 #include <optional>
@@ -20,8 +20,14 @@ struct Change {
     bool isAddition = false;               ///< whether the first profile lacks it
 };
 
-/// The members that differ, in the order of the document, then the sections that only the second profile has.
-std::vector<Change> findChanges(const Domain::Payloads::Profile& from, const Domain::Payloads::Profile& to);
+/// A profile as it is compared.
+struct ComparedProfile {
+    Domain::Payloads::Profile profile;
+    std::vector<MemberPath> lacking; ///< sections that its document, of an older version, does not have
+};
+
+/// The members that differ, in the order of the document, then the sections that only one profile has.
+std::vector<Change> findChanges(const ComparedProfile& from, const ComparedProfile& to);
 
 /// A line for each member that differs.
 std::string makeChangeLines(const Domain::Payloads::Profile& from, const Domain::Payloads::Profile& to);
@@ -45,8 +51,8 @@ struct ListDifference {
 };
 
 /// Unless profiles are matched by their ids, their ids, names, serial numbers and times are not compared.
-ListDifference compareLists(const Domain::Payloads::ProfileList& from,
-                            const Domain::Payloads::ProfileList& to, MatchBy match);
+ListDifference compareLists(const std::vector<ComparedProfile>& from, const std::vector<ComparedProfile>& to,
+                            MatchBy match);
 
 /// A line for each profile and each member that differ; empty when none does.
 std::string makeTextDifference(const ListDifference& difference);

@@ -158,6 +158,33 @@ std::optional<Json> findValue(const Json& document, const MemberPath& path) {
     return value;
 }
 
+std::optional<Json> withValue(const Json& document, const MemberPath& path, const Json& value,
+                              std::size_t depth) {
+    if (depth == path.size())
+        return value;
+    const std::string& step = path[depth];
+    const auto index = parseIndex(step);
+    const auto old = findValue(document, {step});
+    if (!old && (index || depth + 1 < path.size()))
+        return std::nullopt;
+    const auto replaced = withValue(old.value_or(Json()), path, value, depth + 1);
+    if (!replaced)
+        return std::nullopt;
+    try {
+        if (document.contains(step) || !index) {
+            Json changed = document;
+            changed.set(step, *replaced);
+            return changed;
+        }
+        std::vector<Json> elements;
+        for (const Json& element : document)
+            elements.push_back(elements.size() == *index ? *replaced : element);
+        return Json(std::move(elements));
+    } catch (const Json::JsonError&) { // no object
+        return std::nullopt;
+    }
+}
+
 std::optional<unsigned int> parseIndex(const std::string& step) {
     unsigned int index = 0;
     if (step.size() < 3 || step.front() != '[' || step.back() != ']')

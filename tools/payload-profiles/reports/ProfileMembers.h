@@ -39,6 +39,11 @@ DataFormat::Json makeDocument(const Domain::Payloads::Profile& profile);
 /// The value at a path; empty when there is none.
 std::optional<DataFormat::Json> findValue(const DataFormat::Json& document, const MemberPath& path);
 
+/// The document with the value at a path, from its step `depth` on, replaced or added; empty when its parent
+/// does not exist.
+std::optional<DataFormat::Json> withValue(const DataFormat::Json& document, const MemberPath& path,
+                                          const DataFormat::Json& value, std::size_t depth = 0);
+
 /// The index in a step "[INDEX]"; empty for a key.
 std::optional<unsigned int> parseIndex(const std::string& step);
 

@@ -146,6 +146,18 @@ TEST_F(EditTest, ComparesProfiles) {
     expect("diff p.json missing.json", 2, "", failure("missing.json", "there is no such file"));
 }
 
+TEST_F(EditTest, ShowsWhatAnUpgradeAdds) {
+    const std::string version4 = replaced(read("p.json"), "\"dsm\"", "\"other\"");
+    write("q.json", replaced(version4, "\"value\": 0.001,", "\"value\": 0.002,"));
+    write("p.json", version4);
+    runWell("upgrade p.json");
+    expect("diff p.json.v4.bak p.json", 1, changed("  lidar.ground_classification.dsm: absent -> present\n"));
+    expect("diff q.json p.json", 1,
+           changed("  lidar.imu_latency: 0.002 -> 0.001 sec\n"
+                   "  lidar.ground_classification.dsm: absent -> present\n"));
+    expect("diff q.json p.json.v4.bak --by name", 1, changed("  lidar.imu_latency: 0.002 -> 0.001 sec\n"));
+}
+
 TEST_F(EditTest, MakesOneListFromAnotherByAJsonPatch) {
     using nlohmann::json;
     const std::vector<unsigned int> ids{88, 100, 793};
