@@ -10,17 +10,20 @@
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
+const std::map<std::string, MatchBy> MATCHES{
+    {"id", MatchBy::Id}, {"name", MatchBy::Name}, {"product", MatchBy::Product}};
+
 struct DiffArguments {
     Source from;
     Source to;
-    MatchBy match = MatchBy::Id;
+    std::string match = "id";
     bool asJson = false;
 };
 
 void diff(Context& context, const DiffArguments& arguments) {
     ListDifference difference =
         compareLists(readForComparison(context.documents, arguments.from),
-                     readForComparison(context.documents, arguments.to), arguments.match);
+                     readForComparison(context.documents, arguments.to), MATCHES.at(arguments.match));
     if (arguments.from.isBuiltIn())
         difference.removed.clear();
     if (arguments.to.isBuiltIn())
@@ -33,30 +36,30 @@ void diff(Context& context, const DiffArguments& arguments) {
 } // namespace
 
 void addDiffCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(
-        application, "diff",
-        "Compare the profiles of two sources\n\n"
-        "The exit code is 0 when they are equal, 1 when they differ and 2 on an error. Neither the "
-        "layout of a file nor the order of profiles counts, nor do factory profiles that the other "
-        "source lacks. The file may be of an older version, such as the backup of an upgrade.",
-        "diff old.json new.json\n"
-        "diff profiles.json.v4.bak profiles.json\n"
-        "diff profiles.json factory --by product\n"
-        "diff old.json new.json --json");
+    CLI::App& command = addCommand(application, "diff", "Compare the profiles of two sources",
+                                   "diff old.json new.json\n"
+                                   "diff profiles.json.v4.bak profiles.json\n"
+                                   "diff profiles.json factory --by product\n"
+                                   "diff old.json new.json --json");
+    command.footer("Exit codes: 0 the sources are equal, 1 they differ, 2 error.\n\n"
+                   "The layout of a file and the order of profiles are no difference, nor are\n"
+                   "factory profiles that the other source lacks. A file may be of an older\n"
+                   "version, such as the backup of an upgrade. By name or product, the ids,\n"
+                   "names, serial numbers and times of profiles are not compared.\n\n" +
+                   command.get_footer());
     const auto arguments = std::make_shared<DiffArguments>();
-    const std::string kinds = ": a file, \"factory\" or a base address (http://, https://)";
-    command.add_option("SOURCE1", arguments->from.location, "The first source" + kinds)->required();
-    command.add_option("SOURCE2", arguments->to.location, "The second source" + kinds)->required();
-    const std::map<std::string, MatchBy> matches{
-        {"id", MatchBy::Id}, {"name", MatchBy::Name}, {"product", MatchBy::Product}};
+    const std::string kinds = " source: a file, \"factory\" or a base address";
+    command.add_option("SOURCE1", arguments->from.location, "The first" + kinds)->required();
+    command.add_option("SOURCE2", arguments->to.location, "The second" + kinds)->required();
     command
         .add_option("--by", arguments->match,
-                    "Compare the profiles with the same id, name or product (default: id); by name or "
-                    "product, their ids, names, serial numbers and times are not compared")
-        ->transform(CLI::CheckedTransformer(matches))
+                    "Compare profiles with the same id, name or product (default: id)")
+        ->check([](const std::string& text) {
+            return MATCHES.contains(text) ? "" : "must be id, name or product";
+        })
         ->option_text("id|name|product");
     command.add_flag("--json", arguments->asJson,
-                     "Print a JSON Patch that makes the first source the second");
+                     "Print a JSON Patch that makes the second source from the first");
     addKeyFile(command, arguments->from);
     command.callback([&context, arguments] {
         arguments->to.keyFile = arguments->from.keyFile;

@@ -34,7 +34,8 @@ std::string upgraded(const std::string& text, unsigned int from, const std::stri
 Json withOlderValues(const Profile& profile, const Json& older) {
     Json document = makeDocument(profile);
     for (const ProfileMember& member : listMembers(profile))
-        if (const auto value = findValue(older, member.path); value && !value->isNull())
+        if (const auto value = findValue(older, member.path);
+            value && !value->isNull() && value->toString(-1) != member.value.toString(-1))
             document = withValue(document, member.path, *value).value_or(document);
     return document;
 }

@@ -175,6 +175,7 @@ Profile withDefaults(const Profile& profile, const std::vector<std::string>& pat
             throw std::runtime_error(path + " has no default; --factory resets it to the factory profile");
     }
     std::vector<Assignment> list;
+    list.reserve(assignments.size());
     for (const auto& [path, assignment] : assignments)
         list.push_back(assignment);
     return withAssignments(profile, list);

@@ -77,10 +77,6 @@ std::vector<ProfileMember> listComparedMembers(const ComparedProfile& compared) 
     return members;
 }
 
-std::optional<Json> findComparedValue(const ComparedProfile& compared, const MemberPath& path) {
-    return isLacking(compared, path) ? std::nullopt : findValue(makeDocument(compared.profile), path);
-}
-
 /// What matched profiles have in common.
 std::string keyOf(const Profile& profile, MatchBy match) {
     if (match == MatchBy::Id)
@@ -104,10 +100,10 @@ Json makeOperation(const char* name, const std::string& pointer, const std::opti
     return operation;
 }
 
-/// The JSON Pointer of a change.
-std::string makePointer(const ListDifference::ChangedProfile& profile, const MemberPath& path) {
-    const Json documents[] = {makeDocument(profile.from), makeDocument(profile.to)};
-    std::string pointer = '/' + std::to_string(profile.index);
+/// The JSON Pointer of a member of a profile, which is in at least one of the documents.
+std::string makePointer(unsigned int profileIndex, const std::array<Json, 2>& documents,
+                        const MemberPath& path) {
+    std::string pointer = '/' + std::to_string(profileIndex);
     MemberPath parent;
     for (const std::string& step : path) {
         const auto index = parseIndex(step);
@@ -138,12 +134,17 @@ std::vector<Change> findChanges(const ComparedProfile& from, const ComparedProfi
                            describeValue(member, member.unit != other.unit), describeValue(other, true),
                            other.value});
     }
+    const auto findIn = [](const ComparedProfile& compared, const Json& document, const MemberPath& path) {
+        return isLacking(compared, path) ? std::nullopt : findValue(document, path);
+    };
+    const Json oldDocument = makeDocument(from.profile);
+    const Json newDocument = makeDocument(to.profile);
     for (const MemberPath& path : findMissingSections(oldList, newMembers))
         changes.push_back({path, toText(path), describeSection(oldList, path), "absent",
-                           findComparedValue(to, path)}); // an array may have become empty
+                           findIn(to, newDocument, path)}); // an array may have become empty
     for (const MemberPath& path : findMissingSections(newList, oldMembers))
         changes.push_back({path, toText(path), "absent", describeSection(newList, path),
-                           findComparedValue(to, path), !findComparedValue(from, path)});
+                           findIn(to, newDocument, path), !findIn(from, oldDocument, path)});
     return changes;
 }
 
@@ -209,13 +210,16 @@ std::string makeTextDifference(const ListDifference& difference) {
 std::string makeJsonPatch(const ListDifference& difference) {
     std::vector<Json> operations;
     for (const auto& profile : difference.changed) {
+        const std::array documents{makeDocument(profile.from), makeDocument(profile.to)};
         for (const Change& change : profile.changes)
             if (change.value)
                 operations.push_back(makeOperation(change.isAddition ? "add" : "replace",
-                                                   makePointer(profile, change.path), change.value));
+                                                   makePointer(profile.index, documents, change.path),
+                                                   change.value));
         for (auto change = profile.changes.rbegin(); change != profile.changes.rend(); ++change)
             if (!change->value) // the elements of an array, the last first
-                operations.push_back(makeOperation("remove", makePointer(profile, change->path), {}));
+                operations.push_back(
+                    makeOperation("remove", makePointer(profile.index, documents, change->path), {}));
     }
     for (auto removed = difference.removed.rbegin(); removed != difference.removed.rend(); ++removed)
         operations.push_back(makeOperation("remove", '/' + std::to_string(removed->first), {}));

@@ -143,6 +143,9 @@ TEST_F(EditTest, ComparesProfiles) {
                changes + "removed 7 \"Tessaly Gamma\"\nadded 5 \"Drone\\7\"\n");
     expect("diff factory q.json --by product", 1, changes);
     expect("diff factory q.json --by name", 1, changes + "added 5 \"Drone\\7\"\n");
+    expect("diff p.json q.json --by size", 2, "",
+           "payload-profiles: --by: must be id, name or product\n"
+           "payload-profiles: see payload-profiles diff --help\n");
     expect("diff p.json missing.json", 2, "", failure("missing.json", "there is no such file"));
 }
 

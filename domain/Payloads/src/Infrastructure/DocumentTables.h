@@ -28,7 +28,8 @@ struct DocumentTable<Parameter<T>> : DocumentTableOf<Parameter<T>> {
             defaulted("precision", "The resolution of the value, a power of ten; 1 when absent",
                       &Fields::precision, &Fields::precision)
                 .unless(VALUE_ONLY | NO_CONSTRAINTS),
-            required(Keys::VALUE, "The current value, from minimum to maximum", &Fields::value, &Fields::value),
+            required(Keys::VALUE, "The current value, from minimum to maximum", &Fields::value,
+                     &Fields::value),
             required("unit", "The unit of all numbers but the precision; empty for none", &Fields::unit,
                      &Fields::unit)
                 .allowing({.choices = AllowedValues::UNITS})
