@@ -89,7 +89,7 @@ int execute(int argumentCount, const char* const* arguments, Context& context) {
     describe(application);
     for (const auto add :
          {addListCommand, addShowCommand, addAddCommand, addDeleteCommand, addValidateCommand,
-          addFactoryCommand, addMergeCommand, addUpgradeCommand, addFetchCommand, addSetCommand,
+          addFactoryCommand, addMergeCommand, addUpgradeCommand, addFetchCommand, addReportCommand, addSetCommand,
           addResetCommand, addCopyCommand, addRenameCommand, addDiffCommand, addSchemaCommand})
         add(application, context);
     try {

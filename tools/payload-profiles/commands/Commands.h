@@ -19,6 +19,7 @@ void addFetchCommand(CLI::App& application, Context& context);
 void addListCommand(CLI::App& application, Context& context);
 void addMergeCommand(CLI::App& application, Context& context);
 void addRenameCommand(CLI::App& application, Context& context);
+void addReportCommand(CLI::App& application, Context& context);
 void addResetCommand(CLI::App& application, Context& context);
 void addSchemaCommand(CLI::App& application, Context& context);
 void addSetCommand(CLI::App& application, Context& context);

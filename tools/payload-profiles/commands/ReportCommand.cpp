@@ -1,0 +1,153 @@
+#include "commands/Arguments.h"
+#include "commands/Commands.h"
+#include "documents/Failure.h"
+#include "documents/FollowLinks.h"
+#include "documents/ProfileFile.h"
+#include "documents/ProfileId.h"
+#include "reports/HtmlReport.h"
+#include "terminal/OpenOnDesktop.h"
+#include "terminal/Text.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <set>
+
+namespace norel::Desktop::PayloadProfiles {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ReportArguments {
+    Source source;
+    std::vector<std::string> ids;
+    std::string against; ///< a source, or an id of the first source; nothing when empty
+    std::string output;
+    bool force = false;
+    bool open = false;
+};
+
+std::vector<Profile> chooseProfiles(const ProfileList& list, const ReportArguments& arguments) {
+    std::set<unsigned int> missing;
+    for (const std::string& id : arguments.ids)
+        missing.insert(parseId(id));
+    std::vector<Profile> chosen;
+    for (const Profile& profile : list)
+        if (missing.erase(profile.getId()) > 0 || arguments.ids.empty())
+            chosen.push_back(profile);
+    std::string unknown;
+    for (const unsigned int id : missing)
+        unknown += (unknown.empty() ? "" : ", ") + std::to_string(id);
+    if (!unknown.empty())
+        throw Failure(arguments.source.getName(), "there is no profile " + unknown);
+    return chosen;
+}
+
+/// The profile of `list` to compare a profile with: the only one of both sides, or one of the same product,
+/// if possible with the same id or name.
+std::optional<Profile> findCounterpart(const Profile& profile, const ProfileList& list, bool isOnly) {
+    std::optional<Profile> best;
+    int bestRank = -1;
+    std::size_t size = 0;
+    for (const Profile& candidate : list) {
+        ++size;
+        if (candidate.getProduct() != profile.getProduct() && !isOnly)
+            continue;
+        const int rank = 4 * (candidate.getProduct() == profile.getProduct() ? 1 : 0) +
+                         2 * (candidate.getId() == profile.getId() ? 1 : 0) +
+                         (candidate.getName() == profile.getName() ? 1 : 0);
+        if (rank > bestRank) {
+            best = candidate;
+            bestRank = rank;
+        }
+    }
+    const bool isCounterpart = bestRank >= 4 || size == 1;
+    return isCounterpart ? best : std::nullopt;
+}
+
+/// The chosen profiles, each with the one that it is compared with.
+std::vector<ComparedProfile> compare(const Context& context, const ReportArguments& arguments,
+                                     const ProfileList& list) {
+    std::vector<ComparedProfile> result;
+    for (const Profile& profile : chooseProfiles(list, arguments))
+        result.push_back({profile, std::nullopt});
+    if (arguments.against.empty())
+        return result;
+    if (checkId(arguments.against).empty()) {
+        const auto reference = list.get(parseId(arguments.against));
+        if (!list.existById(parseId(arguments.against)))
+            throw Failure(arguments.source.getName(), "there is no profile " + arguments.against);
+        for (ComparedProfile& compared : result)
+            compared.reference = *reference;
+        return result;
+    }
+    const ProfileList others = readSource(context.documents, {arguments.against, arguments.source.keyFile});
+    for (ComparedProfile& compared : result)
+        compared.reference = findCounterpart(compared.profile, others, result.size() == 1);
+    return result;
+}
+
+std::optional<std::string> nameReference(const ReportArguments& arguments) {
+    if (arguments.against.empty())
+        return std::nullopt;
+    if (checkId(arguments.against).empty())
+        return "profile " + arguments.against;
+    return Source{arguments.against, {}}.getName();
+}
+
+void checkOutput(const ReportArguments& arguments) {
+    requireChangeable(arguments.output);
+    if (!arguments.force)
+        return requireNoFile(arguments.output);
+    for (const std::string& input : {arguments.source.location, arguments.against}) {
+        std::error_code isDifferent;
+        if (fs::equivalent(input, arguments.output, isDifferent))
+            throw Failure(arguments.output, "the report would replace the profiles that it is made from");
+    }
+}
+
+void writePage(const Context& context, const ReportArguments& arguments, const std::string& page) {
+    about(arguments.output, [&] {
+        if (arguments.force)
+            context.documents.textFiles->write(arguments.output, page);
+        else
+            context.documents.textFiles->create(followLinks(arguments.output), page);
+    });
+}
+
+void report(Context& context, const ReportArguments& arguments) {
+    checkOutput(arguments);
+    const ProfileList list = readSource(context.documents, arguments.source);
+    const HtmlReport page{arguments.source.getName(), nameReference(arguments), context.clock->now(),
+                          compare(context, arguments, list)};
+    writePage(context, arguments, makeHtmlReport(page));
+    context.console.print("saved a report of " + counted(page.profiles.size(), "profile") + " to " +
+                          printable(arguments.output) + '\n');
+    if (arguments.open)
+        about(arguments.output, [&] { openOnDesktop(arguments.output); });
+}
+
+} // namespace
+
+void addReportCommand(CLI::App& application, Context& context) {
+    CLI::App& command = addCommand(application, "report", "Save a page that shows profiles in a browser",
+                                   "report profiles.json -o report.html\n"
+                                   "report profiles.json 88 -o report.html --against factory\n"
+                                   "report factory 1 -o report.html --against 2 --open");
+    const auto arguments = std::make_shared<ReportArguments>();
+    addSource(command, arguments->source);
+    command.add_option("ID", arguments->ids, "The ids of the profiles (default: all)")->check(checkId);
+    command.add_option("-o,--output", arguments->output, "The file to write")
+        ->required()
+        ->option_text("FILE.html");
+    command
+        .add_option("--against", arguments->against,
+                    "Mark what differs from the same product in another source (\"factory\": as delivered), "
+                    "or from the profile with another id")
+        ->option_text("SOURCE|ID");
+    command.add_flag("--force", arguments->force, "Replace an existing file");
+    command.add_flag("--open", arguments->open, "Open the page in the browser");
+    command.callback([&context, arguments] { report(context, *arguments); });
+}
+
+} // namespace norel::Desktop::PayloadProfiles

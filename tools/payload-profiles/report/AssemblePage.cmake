@@ -1,0 +1,35 @@
+# Writes page.html with the style, the script and their hashes for the content security policy in their places. The place
+# of the data stays: the application fills it. Arguments: FOLDER (of the parts), SCRIPTS (in order), OUTPUT.
+
+# Sets `variable` to the SHA-256 digest of `text` in base64.
+function(digest_of text variable)
+    set(alphabet "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/")
+    string(SHA256 digits "${text}")
+    set(digits "${digits}00") # 33 bytes, of which three are encoded at a time
+    set(digest)
+    foreach(start RANGE 0 60 6)
+        string(SUBSTRING ${digits} ${start} 6 group)
+        foreach(shift 18 12 6 0)
+            math(EXPR index "(0x${group} >> ${shift}) & 63")
+            string(SUBSTRING ${alphabet} ${index} 1 character)
+            string(APPEND digest ${character})
+        endforeach()
+    endforeach()
+    string(REGEX REPLACE ".$" "=" digest ${digest})
+    set(${variable} ${digest} PARENT_SCOPE)
+endfunction()
+
+file(READ ${FOLDER}/page.html page)
+file(READ ${FOLDER}/style.css style)
+set(script "'use strict';\n")
+foreach(name IN LISTS SCRIPTS)
+    file(READ ${FOLDER}/${name} part)
+    string(APPEND script "\n${part}")
+endforeach()
+digest_of("${style}" style_hash)
+digest_of("${script}" script_hash)
+string(REPLACE "@STYLE_HASH@" "${style_hash}" page "${page}")
+string(REPLACE "@SCRIPT_HASH@" "${script_hash}" page "${page}")
+string(REPLACE "@STYLE@" "${style}" page "${page}")
+string(REPLACE "@SCRIPT@" "${script}" page "${page}")
+file(WRITE ${OUTPUT} "${page}")
