@@ -43,26 +43,24 @@ std::vector<Profile> chooseProfiles(const ProfileList& list, const ReportArgumen
     return chosen;
 }
 
-/// The profile of `list` to compare a profile with: the only one of both sides, or one of the same product,
-/// if possible with the same id or name.
-std::optional<Profile> findCounterpart(const Profile& profile, const ProfileList& list, bool isOnly) {
+/// The profile of the same product, preferably with the same id, else with the same name.
+std::optional<Profile> findCounterpart(const Profile& profile, const ProfileList& list) {
+    const auto rank = [&](const Profile& candidate) {
+        return candidate.getId() == profile.getId() ? 2 : candidate.getName() == profile.getName() ? 1 : 0;
+    };
     std::optional<Profile> best;
-    int bestRank = -1;
-    std::size_t size = 0;
-    for (const Profile& candidate : list) {
-        ++size;
-        if (candidate.getProduct() != profile.getProduct() && !isOnly)
-            continue;
-        const int rank = 4 * (candidate.getProduct() == profile.getProduct() ? 1 : 0) +
-                         2 * (candidate.getId() == profile.getId() ? 1 : 0) +
-                         (candidate.getName() == profile.getName() ? 1 : 0);
-        if (rank > bestRank) {
+    for (const Profile& candidate : list)
+        if (candidate.getProduct() == profile.getProduct() && (!best || rank(candidate) > rank(*best)))
             best = candidate;
-            bestRank = rank;
-        }
-    }
-    const bool isCounterpart = bestRank >= 4 || size == 1;
-    return isCounterpart ? best : std::nullopt;
+    return best;
+}
+
+/// The profile of the source that all are compared with.
+Profile findReference(const ProfileList& list, const ReportArguments& arguments) {
+    const auto reference = list.get(parseId(arguments.against));
+    if (reference == list.end())
+        throw Failure(arguments.source.getName(), "there is no profile " + arguments.against);
+    return *reference;
 }
 
 /// The chosen profiles, each with the one that it is compared with.
@@ -74,16 +72,14 @@ std::vector<ComparedProfile> compare(const Context& context, const ReportArgumen
     if (arguments.against.empty())
         return result;
     if (checkId(arguments.against).empty()) {
-        const auto reference = list.get(parseId(arguments.against));
-        if (!list.existById(parseId(arguments.against)))
-            throw Failure(arguments.source.getName(), "there is no profile " + arguments.against);
-        for (ComparedProfile& compared : result)
-            compared.reference = *reference;
+        for (const Profile reference = findReference(list, arguments); ComparedProfile & compared : result)
+            compared.reference = reference;
         return result;
     }
     const ProfileList others = readSource(context.documents, {arguments.against, arguments.source.keyFile});
+    const bool isPair = result.size() == 1 && others.list().size() == 1; // whatever the products
     for (ComparedProfile& compared : result)
-        compared.reference = findCounterpart(compared.profile, others, result.size() == 1);
+        compared.reference = isPair ? *others.begin() : findCounterpart(compared.profile, others);
     return result;
 }
 

@@ -127,6 +127,6 @@ function makeRow(parameter, sectionPath) {
     const label = path.slice(sectionPath.length + 1).split('.').map(wordsOf).join(' \u203a ');
     const kinds = ['row', differsFromDefault && 'differs', differsFromOther && 'differs-from-other'];
     return html('li', { class: kinds.filter(Boolean).join(' '), 'data-path': path },
-        html('div', { class: 'name' }, html('span', {}, label), html('code', {}, path)),
+        html('div', { class: 'name' }, html('span', {}, label), pathElement(path)),
         makeValue(parameter), makeScale(parameter));
 }

@@ -15,6 +15,9 @@ const svg = (tag, attributes = {}, ...children) =>
 /** A text of the profile, in any script, which leaves the direction of the text around it as it is. */
 const foreign = text => html('bdi', {}, text);
 
+/** A path, which breaks before its dots where there is too little room. */
+const pathElement = path => html('code', {}, ...path.split(/(?=\.)/).flatMap(step => [html('wbr'), step]));
+
 /** A text that only screen readers give. */
 const spoken = text => html('span', { class: 'spoken' }, text);
 

@@ -20,7 +20,7 @@ function drawSector(kind, { minimum, maximum }, radius) {
 }
 
 function drawFan(label, ...sectors) {
-    const fan = svg('svg', { class: 'fan', viewBox: '-104 -104 208 208', role: 'img', 'aria-label': label });
+    const fan = svg('svg', { class: 'fan', viewBox: '-118 -104 236 208', role: 'img', 'aria-label': label });
     fan.append(svg('circle', { class: 'rim', r: OUTER }));
     for (let angle = -180; angle < 180; angle += 15)
         fan.append(svg('path', { class: 'tick', d: `M${onFan(angle, OUTER + 2)}L${onFan(angle, OUTER + (angle % 45 === 0 ? 8 : 5))}` }));

@@ -14,7 +14,7 @@ function describeValue(value, unit) {
 function makeDifferences(differences, title, thereName) {
     const rows = differences.map(({ path, here, there, unit }) => {
         const isNumber = typeof here === 'number' && typeof there === 'number';
-        return [html('code', {}, path), describeValue(there, unit), html('b', {}, describeValue(here, unit)),
+        return [pathElement(path), describeValue(there, unit), html('b', {}, describeValue(here, unit)),
             isNumber ? differenceOf(here, there) + (unit ? ' ' + unit : '') : ''];
     });
     const content = rows.length > 0

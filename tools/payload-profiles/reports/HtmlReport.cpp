@@ -7,7 +7,6 @@
 #include "terminal/Text.h"
 
 #include <algorithm>
-#include <set>
 #include <string_view>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -50,15 +49,17 @@ private:
 class ParameterPaths {
 public:
     void add(const Profile& profile) {
-        for (const ProfileParameter& parameter : listSettings(profile).parameters)
-            if (known.insert(parameter.path).second)
-                paths.push_back(parameter.path);
+        auto next = paths.begin();
+        for (const ProfileParameter& parameter : listSettings(profile).parameters) {
+            const auto known = std::find(next, paths.end(), parameter.path);
+            next = known != paths.end() ? known : paths.insert(next, parameter.path);
+            ++next;
+        }
     }
 
     Json toJson() const { return Json(paths); }
 
 private:
-    std::set<std::string> known;
     std::vector<std::string> paths;
 };
 
