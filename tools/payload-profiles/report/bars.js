@@ -26,8 +26,8 @@ function scaleOf({ minimum, maximum }) {
 }
 
 /**
- * The names of the presets with their places, each in a line (0 is the uppermost) where it does not overlap another.
- * Names extend towards the middle. Those that are nearer to it go first, so that no name covers the tick of another.
+ * The names of the presets with their places, each in a lane (0 is the uppermost) where it covers neither another name
+ * nor the line from another tick to its name. Names extend towards the middle; those that are nearer to it go first.
  */
 function placeNames(presets, place) {
     const names = Object.entries(presets).map(([name, number]) => {
@@ -35,18 +35,21 @@ function placeNames(presets, place) {
         const label = shortened(name, LONGEST_NAME) + ' ' + textOf(number);
         const width = CHARACTER * [...label].length + 8;
         const x = at / 100 * NARROWEST_BAR;
-        return { name, label, at, isLeft: at <= 50, from: at <= 50 ? x : x - width, to: at <= 50 ? x + width : x };
+        return { name, label, at, x, isLeft: at <= 50, from: at <= 50 ? x : x - width, to: at <= 50 ? x + width : x };
     });
     names.sort((a, b) => Math.abs(a.at - 50) - Math.abs(b.at - 50));
-    const lanes = [];
-    for (const name of names) {
-        const isFree = lane => lane.every(taken => name.to <= taken.from || taken.to <= name.from);
-        name.lane = lanes.findIndex(isFree);
-        if (name.lane < 0)
-            name.lane = lanes.push([]) - 1;
-        lanes[name.lane].push(name);
-    }
-    return { names, lanes: lanes.length };
+    let lanes = 0;
+    names.forEach((name, index) => {
+        const overlaps = other => name.from < other.to && other.from < name.to;
+        const covers = other => name.from < other.x && other.x < name.to;
+        const isTaken = lane => names.slice(0, index).some(other =>
+            other.lane === lane ? overlaps(other) : other.lane > lane && covers(other));
+        name.lane = 0;
+        while (isTaken(name.lane))
+            ++name.lane;
+        lanes = Math.max(lanes, name.lane + 1);
+    });
+    return { names, lanes };
 }
 
 function drawBar(parameter, { place }) {
@@ -58,19 +61,18 @@ function drawBar(parameter, { place }) {
     bar.append(line('track', 0, TRACK, 100, TRACK));
     for (const { name, label, at, isLeft, lane } of names) {
         const y = 2 * TRACK + lane * LANE + 8;
-        const text = svg('text', { x: at + '%', y, dx: isLeft ? 4 : -4, class: isLeft ? 'left' : 'right' }, label);
-        bar.append(line('preset', at, TRACK - 5, at, y + 1), fill(text, {}, [svg('title', {}, name)]));
-        bar.lastChild.previousSibling.dataset.name = name;
+        const text = svg('text', { x: at + '%', y, dx: isLeft ? 4 : -4, class: isLeft ? 'left' : 'right' }, svg('title', {}, name), label);
+        bar.append(fill(line('preset', at, TRACK - 5, at, y + 1), { 'data-name': name }, []), text);
     }
     if (parameter.differsFromDefault)
         bar.append(line('difference', place(defaultValue), TRACK, place(value), TRACK));
     bar.append(line('default', place(defaultValue), TRACK - 9, place(defaultValue), TRACK + 9));
-    bar.append(svg('circle', { class: 'value', cx: place(value) + '%', cy: TRACK, r: 5.5 }));
     if (parameter.differsFromOther && other !== undefined) {
         const at = Math.min(100, Math.max(0, place(other)));
         bar.append(svg('svg', { x: (Number.isFinite(at) ? at : 0) + '%', y: TRACK, class: 'place' },
             svg('path', { class: 'other', d: 'M0-7 7 0 0 7-7 0Z' })));
     }
+    bar.append(svg('circle', { class: 'value', cx: place(value) + '%', cy: TRACK, r: 5.5 }));
     return bar;
 }
 

@@ -83,6 +83,12 @@ function makeContents() {
     const contents = document.getElementById('contents');
     contents.hidden = data.profiles.length < 2;
     contents.querySelector('table').replaceWith(table(headings, rows));
+    // An article that is full when the browser goes to it can stand at the top of the window, even the last one.
+    contents.addEventListener('click', ({ target }) => {
+        const link = target.closest('a');
+        if (link)
+            fillArticle(document.querySelector(link.getAttribute('href')));
+    });
 }
 
 /** Fills the articles within two windows of what is seen. */
@@ -131,6 +137,7 @@ function makePage() {
     connectTools();
     filterAll();
     watchArticles();
+    location.hash = location.hash; // the articles were not there when the browser looked for one
 }
 
 makePage();

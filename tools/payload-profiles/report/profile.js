@@ -1,6 +1,7 @@
 // The article of a profile.
 
-const otherName = () => shortened(data.against ?? '', 30);
+/** A short name of what the profiles are compared with: of a path or an address, the last part. */
+const otherName = () => shortened(/[^/]*\/*$/.exec(data.against ?? '')[0], 30);
 
 /** What a value of the document is called in a list of differences. */
 function describeValue(value, unit) {
@@ -11,7 +12,7 @@ function describeValue(value, unit) {
     return typeof value === 'object' ? html('i', {}, 'present') : foreign(shortened(String(value), 80));
 }
 
-function makeDifferences(differences, title, thereName) {
+function makeDifferences(differences, title, thereName, isOpen = true) {
     const rows = differences.map(({ path, here, there, unit }) => {
         const isNumber = typeof here === 'number' && typeof there === 'number';
         return [pathElement(path), describeValue(there, unit), html('b', {}, describeValue(here, unit)),
@@ -20,7 +21,9 @@ function makeDifferences(differences, title, thereName) {
     const content = rows.length > 0
         ? table(['Setting', thereName, 'Here', 'Difference'], rows, { class: 'differences' })
         : html('p', {}, 'Nothing.');
-    return section(`${title} (${rows.length})`, { class: 'listing' }, content);
+    const list = section(`${title} (${rows.length})`, { class: 'listing' }, content);
+    list.open = isOpen;
+    return list;
 }
 
 /** The texts of the document outside of lists, with the keys that lead to them. */
@@ -85,7 +88,11 @@ function makeSections(profile, parameters) {
         const path = sectionOf(parameter.path);
         rows.set(path, [...(rows.get(path) ?? []), makeRow(parameter, path)]);
     }
-    return [...rows].map(([path, list]) => section(titleOf(profile, path), { class: 'group', 'data-path': path }, html('ul', {}, ...list)));
+    return [...rows].map(([path, list]) => {
+        const group = section(titleOf(profile, path), { class: 'group', 'data-path': path }, html('ul', {}, ...list));
+        group.firstChild.append(' ', pathElement(path));
+        return group;
+    });
 }
 
 /** What follows the heading of a profile; made when it comes near the window, as a page may have many profiles. */
@@ -94,7 +101,7 @@ function makeBody(profile, reference) {
     return [
         makeFacts(profile, reference),
         ...(reference ? [makeDifferences(differencesOf(profile, reference), 'Differs from ' + otherName(), otherName())] : []),
-        makeDifferences(differencesFromDefaults(parameters), 'Differs from default', 'Default'),
+        makeDifferences(differencesFromDefaults(parameters), 'Differs from default', 'Default', !reference),
         makeHead(profile, reference),
         ...(profile.lidar ? [makeFans(profile.lidar)] : []),
         ...makeSections(profile, parameters),
