@@ -91,13 +91,21 @@ function makeContents() {
     });
 }
 
-/** Fills the articles within two windows of what is seen. */
+/** Fills an article; when it begins above the window, what is seen keeps its place. */
+function fillInPlace(article) {
+    const { top, height } = article.getBoundingClientRect();
+    fillArticle(article);
+    if (top < 0)
+        scrollBy({ top: article.getBoundingClientRect().height - height, behavior: 'instant' });
+}
+
+/** Fills the articles within a window's height of what is seen. */
 function watchArticles() {
     const watcher = new IntersectionObserver(entries => {
         for (const { isIntersecting, target } of entries)
             if (isIntersecting) {
                 watcher.unobserve(target);
-                fillArticle(target);
+                fillInPlace(target);
             }
     }, { rootMargin: '100% 0px' });
     document.querySelectorAll('article').forEach(article => watcher.observe(article));
