@@ -70,7 +70,7 @@ function drawBar(parameter, { place }) {
     if (parameter.differsFromOther && other !== undefined) {
         const at = Math.min(100, Math.max(0, place(other)));
         bar.append(svg('svg', { x: (Number.isFinite(at) ? at : 0) + '%', y: TRACK, class: 'place' },
-            svg('path', { class: 'other', d: 'M0-7 7 0 0 7-7 0Z' })));
+            svg('path', { class: 'other', d: 'M0-9 9 0 0 9-9 0Z' })));
     }
     bar.append(svg('circle', { class: 'value', cx: place(value) + '%', cy: TRACK, r: 5.5 }));
     return bar;

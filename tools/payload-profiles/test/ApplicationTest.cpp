@@ -66,6 +66,26 @@ TEST_F(ApplicationTest, ListsAndShowsProfiles) {
         EXPECT_THAT(text, HasSubstr(line)) << line;
 }
 
+TEST_F(ApplicationTest, SavesAndOpensReports) {
+    write("p.json", makeDocument(5));
+    const std::string saved = "saved a report of 1 profile to -r.html\n";
+    const std::string desktop = "printf '#!/bin/sh\\nprintf %%s \"$*\" >opened; exit $STATUS\\n' >xdg-open; "
+                                "chmod +x xdg-open; PATH=.:$PATH STATUS=";
+    expect("report p.json --output=-r.html --open", 0, saved, "", desktop + "0");
+    EXPECT_EQ(read("opened"), (std::filesystem::canonical(folder) / "-r.html").string());
+    expect("report p.json --output=-r.html --open --force", 2, saved,
+           failure("-r.html", "xdg-open could not open it"), desktop + "3");
+    expect("report p.json --output=-r.html", 2, "",
+           failure("-r.html", "the file already exists; --force replaces it"));
+    expect("report p.json -o ./p.json --force", 2, "",
+           failure("./p.json", "the report would replace the profiles that it is made from"));
+    expect("report factory -o factory", 2, "", failure("factory", "this is a source that cannot be changed"));
+    expect("report p.json 5 7 6 -o new.html", 2, "", failure("p.json", "there is no profile 6, 7"));
+    expect("report p.json -o new.html --against 88", 2, "", failure("p.json", "there is no profile 88"));
+    expect("report p.json -o new.html --against q.json", 2, "", failure("q.json", NO_FILE));
+    EXPECT_EQ(listFiles(), "-r.html opened p.json xdg-open ");
+}
+
 TEST_F(ApplicationTest, ShowsEveryParameterOfTheDocument) {
     const std::string text =
         Json::fromString(runWell("show factory 88 --json")).getValue("parameters").toString(-1);
