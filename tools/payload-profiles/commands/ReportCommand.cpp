@@ -111,6 +111,14 @@ void writePage(const Context& context, const ReportArguments& arguments, const s
     });
 }
 
+void openPage(const std::string& file) {
+    try {
+        openOnDesktop(file);
+    } catch (const std::exception& error) {
+        throw Failure(file, std::string("the report is saved, but not opened: ") + error.what());
+    }
+}
+
 void report(Context& context, const ReportArguments& arguments) {
     checkOutput(arguments);
     const ProfileList list = readSource(context.documents, arguments.source);
@@ -120,7 +128,7 @@ void report(Context& context, const ReportArguments& arguments) {
     context.console.print("saved a report of " + counted(page.profiles.size(), "profile") + " to " +
                           printable(arguments.output) + '\n');
     if (arguments.open)
-        about(arguments.output, [&] { openOnDesktop(arguments.output); });
+        openPage(arguments.output);
 }
 
 } // namespace

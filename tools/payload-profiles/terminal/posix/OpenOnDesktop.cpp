@@ -40,7 +40,7 @@ void openOnDesktop(const std::filesystem::path& file) {
         throw std::system_error(error, std::generic_category(), opener);
     const int status = waitFor(process);
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        throw std::runtime_error(opener + " could not open it");
+        throw std::runtime_error(opener + " failed");
 }
 
 } // namespace norel::Desktop::PayloadProfiles
