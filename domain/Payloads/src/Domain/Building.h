@@ -53,25 +53,32 @@ Value buildRemaining(const Members& members, Built&... built) {
 /// Makes a value whose members are built from the last to the first.
 template <typename Value>
 Value buildLastToFirst(const typename Value::Builder& builder) {
-    checkFields(builder);
+    RuleCheck check;
+    checkFields(builder, check);
     const auto members = tieMembers(builder);
-    return Internal::buildRemaining<Value, std::tuple_size_v<decltype(members)>>(members);
+    Value value = Internal::buildRemaining<Value, std::tuple_size_v<decltype(members)>>(members);
+    checkRules(builder, check);
+    return value;
 }
 
 /// Makes a value whose members are built in the order of their declaration.
 template <typename Value>
 Value buildFirstToLast(const typename Value::Builder& builder) {
-    checkFields(builder);
+    RuleCheck check;
+    checkFields(builder, check);
     const auto makeFields = [](const auto&... members) {
         return ValueAccess::Fields<Value>{buildMember(members)...}; // braces evaluate from left to right
     };
-    return ValueAccess::make<Value>([&] { return std::apply(makeFields, tieMembers(builder)); });
+    Value value = ValueAccess::make<Value>([&] { return std::apply(makeFields, tieMembers(builder)); });
+    checkRules(builder, check);
+    return value;
 }
 
 /// Makes a value whose fields are those of its builder.
 template <typename Value>
 Value buildPlain(const typename Value::Builder& builder) {
-    checkFields(builder);
+    RuleCheck check;
+    checkFields(builder, check);
     return ValueAccess::make<Value>([&] { return builder; });
 }
 

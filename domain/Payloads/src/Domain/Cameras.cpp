@@ -8,20 +8,23 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-void checkFields(const Camera::Builder& builder) {
+void checkFields(const Camera::Builder& builder, RuleCheck& check) {
     if (!isOneOf(AllowedValues::ORIENTATIONS, builder.orientation))
-        throw std::invalid_argument("Profile Camera: orientation \"" + shortened(builder.orientation) +
-                                    "\" is invalid");
+        check.fail(&builder.orientation,
+                   std::invalid_argument("Profile Camera: orientation \"" + shortened(builder.orientation) +
+                                         "\" is invalid"),
+                   AllowedValues::ORIENTATIONS);
 }
 
 Camera Camera::Builder::build() const { return buildLastToFirst<Camera>(*this); }
 
-void Cameras::checkRules() const {
+void checkRules(const Cameras::Builder& builder, RuleCheck& check) {
     std::set<std::string> orientations;
-    for (const Camera& camera : fields.listOfCameras)
-        if (!orientations.insert(camera.getOrientation()).second)
-            throw std::invalid_argument("Profile Cameras: camera with orientation \"" +
-                                        camera.getOrientation() + "\" appears more than once");
+    for (const Camera::Builder& camera : builder.listOfCameras)
+        if (check.isKnown(&camera.orientation) && !orientations.insert(camera.orientation).second)
+            check.fail(&camera.orientation,
+                       std::invalid_argument("Profile Cameras: camera with orientation \"" +
+                                             camera.orientation + "\" appears more than once"));
 }
 
 Cameras Cameras::Builder::build() const { return buildFirstToLast<Cameras>(*this); }

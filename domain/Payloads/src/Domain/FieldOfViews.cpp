@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <set>
 #include <stdexcept>
 
@@ -14,33 +13,38 @@ namespace norel::Desktop::Domain::Payloads {
 
 using Utils::ConvertToGenericString::convertToGenericString;
 
-void checkFields(const FieldOfViewRange::Builder& builder) {
-    if (builder.minimum > builder.maximum)
-        throw std::invalid_argument(
-            "Profile FieldOfViewRange: minimum (" + convertToGenericString(builder.minimum) +
-            ") must be smaller or equal to maximum (" + convertToGenericString(builder.maximum) + ")");
+void checkFields(const FieldOfViewRange::Builder& builder, RuleCheck& check) {
+    if (builder.minimum > builder.maximum && check.isKnown(&builder.maximum))
+        check.fail(&builder.minimum, std::invalid_argument("Profile FieldOfViewRange: minimum (" +
+                                                           convertToGenericString(builder.minimum) +
+                                                           ") must be smaller or equal to maximum (" +
+                                                           convertToGenericString(builder.maximum) + ")"));
     if (!isOneOf(AllowedValues::FIELD_OF_VIEW_UNITS, builder.unit))
-        throw std::invalid_argument("Profile FieldOfViewRange: unit must be \"deg\"");
+        check.fail(&builder.unit, std::invalid_argument("Profile FieldOfViewRange: unit must be \"deg\""),
+                   AllowedValues::FIELD_OF_VIEW_UNITS);
 }
 
 FieldOfViewRange FieldOfViewRange::Builder::build() const { return buildPlain<FieldOfViewRange>(*this); }
 
 FieldOfView FieldOfView::Builder::build() const { return buildLastToFirst<FieldOfView>(*this); }
 
-void FieldOfViews::checkRules() const {
-    const std::vector<FieldOfView>& list = fields.listOfFieldOfViews;
+void checkRules(const FieldOfViews::Builder& builder, RuleCheck& check) {
+    const std::vector<FieldOfView::Builder>& list = builder.listOfFieldOfViews;
     if (list.empty())
-        throw std::invalid_argument("Profile FieldOfViews: at least one FieldOfView is required");
-    if (std::count_if(list.begin(), list.end(), std::mem_fn(&FieldOfView::getIsDefault)) != 1)
-        throw std::invalid_argument("Profile FieldOfViews: exactly one FieldOfView must be default");
+        check.fail(nullptr,
+                   std::invalid_argument("Profile FieldOfViews: at least one FieldOfView is required"));
+    else if (std::ranges::all_of(list, [&](const auto& item) { return check.isKnown(&item.isDefault); }) &&
+             std::ranges::count(list, true, &FieldOfView::Builder::isDefault) != 1)
+        check.fail(nullptr,
+                   std::invalid_argument("Profile FieldOfViews: exactly one FieldOfView must be default"));
     std::set<std::pair<double, double>> bounds;
-    for (const FieldOfView& item : list) {
-        const FieldOfViewRange view = item.getView();
-        if (std::isnan(view.getMinimum()) ||
-            std::isnan(view.getMaximum())) // NaN equals nothing and breaks the order of a set
+    for (const FieldOfView::Builder& item : list) {
+        const auto& [minimum, maximum, unit] = item.view;
+        if (std::isnan(minimum) || std::isnan(maximum)) // NaN equals nothing and breaks the order of a set
             continue;
-        if (!bounds.emplace(view.getMinimum(), view.getMaximum()).second)
-            throw std::invalid_argument("Profile FieldOfViews: all FieldOfView must be unique");
+        if (check.isKnown(&minimum) && check.isKnown(&maximum) && !bounds.emplace(minimum, maximum).second)
+            check.fail(&minimum,
+                       std::invalid_argument("Profile FieldOfViews: all FieldOfView must be unique"));
     }
 }
 

@@ -10,11 +10,12 @@ CalibrationDocument CalibrationDocument::Builder::build() const {
     return buildPlain<CalibrationDocument>(*this);
 }
 
-void Georeferencing::checkRules() const {
-    if (!fields.boresightAngles && !fields.calibrationDocument)
-        throw std::runtime_error(
-            "Georeferencing information of a profile requires either boresight angles or a "
-            "calibration document.");
+void checkRules(const Georeferencing::Builder& builder, RuleCheck& check) {
+    if (!builder.boresightAngles && !builder.calibrationDocument)
+        check.fail(nullptr,
+                   std::runtime_error(
+                       "Georeferencing information of a profile requires either boresight angles or a "
+                       "calibration document."));
 }
 
 Georeferencing Georeferencing::Builder::build() const { return buildLastToFirst<Georeferencing>(*this); }

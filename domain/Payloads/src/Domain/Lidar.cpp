@@ -29,10 +29,10 @@ bool isSignedPermutation(const std::string& alignment) {
 
 } // namespace
 
-void checkFields(const Lidar::Builder& builder) {
+void checkFields(const Lidar::Builder& builder, RuleCheck& check) {
     if (!isSignedPermutation(builder.alignment))
-        throw std::invalid_argument("Profile Lidar: alignment \"" + shortened(builder.alignment) +
-                                    "\" is invalid");
+        check.fail(&builder.alignment, std::invalid_argument("Profile Lidar: alignment \"" +
+                                                             shortened(builder.alignment) + "\" is invalid"));
 }
 
 Lidar Lidar::Builder::build() const { return buildLastToFirst<Lidar>(*this); }

@@ -10,16 +10,16 @@ namespace norel::Desktop::Domain::Payloads {
 
 using Utils::ConvertToGenericString::convertToGenericString;
 
-void checkFields(const LidarCoveragePreview::Builder& builder) {
-    const double rate = builder.downsamplingRate.value;
-    const auto rateRule = [rate](const char* rule) {
-        return std::invalid_argument("Profile LidarCoveragePreview: downsampling rate (" +
-                                     convertToGenericString(rate) + ") must be " + rule);
+void checkFields(const LidarCoveragePreview::Builder& builder, RuleCheck& check) {
+    const double& rate = builder.downsamplingRate.value;
+    const auto fail = [&](const char* rule) {
+        check.fail(&rate, std::invalid_argument("Profile LidarCoveragePreview: downsampling rate (" +
+                                                convertToGenericString(rate) + ") must be " + rule));
     };
     if (rate <= AllowedValues::DOWNSAMPLING_RATE.first)
-        throw rateRule("greater than zero");
+        fail("greater than zero");
     if (rate >= AllowedValues::DOWNSAMPLING_RATE.second)
-        throw rateRule("smaller than one");
+        fail("smaller than one");
 }
 
 LidarCoveragePreview LidarCoveragePreview::Builder::build() const {

@@ -35,7 +35,9 @@ auto buildMemberMoving(std::vector<Member>& members) {
 template <typename Value>
 Value buildMoving(typename Value::Builder&& builder) {
     using Fields = ValueAccess::Fields<Value>;
-    checkFields(builder);
+    RuleCheck check;
+    checkFields(builder, check);
+    checkRules(builder, check); // before its members are moved away
     if constexpr (std::is_same_v<Fields, typename Value::Builder>) {
         return ValueAccess::make<Value>([&] { return std::move(builder); });
     } else {

@@ -18,7 +18,9 @@ bool isPowerOfTen(double precision) {
     return std::isfinite(exponent) && std::abs(exponent - std::round(exponent)) <= tolerance;
 }
 
-[[noreturn]] void fail(const std::string& rule) { throw std::invalid_argument("Profile Parameter: " + rule); }
+std::invalid_argument violated(const std::string& rule) {
+    return std::invalid_argument("Profile Parameter: " + rule);
+}
 
 template <typename T>
 bool isWithinRange(const typename Parameter<T>::Builder& builder, T number) {
@@ -32,7 +34,7 @@ std::string rangeRule(const typename Parameter<T>::Builder& builder) {
 }
 
 template <typename T>
-void checkPresets(const typename Parameter<T>::Builder& builder) {
+void checkPresets(const typename Parameter<T>::Builder& builder, RuleCheck& check) {
     constexpr std::size_t maximumLength = 10000;
     std::string lines;
     for (const auto& [name, preset] : builder.presets) {
@@ -47,31 +49,49 @@ void checkPresets(const typename Parameter<T>::Builder& builder) {
                  rangeRule<T>(builder);
     }
     if (!lines.empty())
-        fail(lines);
+        check.fail(&builder.presets, violated(lines));
 }
 
 template <typename T>
-void checkParameter(const typename Parameter<T>::Builder& builder) {
+void checkRange(const typename Parameter<T>::Builder& builder, RuleCheck& check) {
+    const auto fail = [&](const char* name, const T& number) {
+        check.fail(&number,
+                   violated(name + (" (" + convertToGenericString(number)) + ")" + rangeRule<T>(builder)));
+    };
+    if (!isWithinRange<T>(builder, builder.defaultValue))
+        fail("defaultValue", builder.defaultValue);
+    checkPresets<T>(builder, check);
+    if (!isWithinRange<T>(builder, builder.value))
+        fail("value", builder.value);
+}
+
+template <typename T>
+void checkParameter(const typename Parameter<T>::Builder& builder, RuleCheck& check) {
     const auto& [value, minimum, maximum, defaultValue, presets, precision, unit] = builder;
-    if (minimum > maximum)
-        fail("minimum (" + convertToGenericString(minimum) + ") must be smaller or equal to maximum (" +
-             convertToGenericString(maximum) + ")");
-    if (!isWithinRange<T>(builder, defaultValue))
-        fail("defaultValue (" + convertToGenericString(defaultValue) + ")" + rangeRule<T>(builder));
-    checkPresets<T>(builder);
-    if (!isWithinRange<T>(builder, value))
-        fail("value (" + convertToGenericString(value) + ")" + rangeRule<T>(builder));
+    if (minimum > maximum) // nothing is within such bounds
+        check.fail(&minimum, violated("minimum (" + convertToGenericString(minimum) +
+                                      ") must be smaller or equal to maximum (" +
+                                      convertToGenericString(maximum) + ")"));
+    else
+        checkRange<T>(builder, check);
     if (!isOneOf(AllowedValues::UNITS, unit))
-        fail("unit \"" + shortened(unit) + "\" is not supported");
+        check.fail(&unit, violated("unit \"" + shortened(unit) + "\" is not supported"), AllowedValues::UNITS);
     if (!isPowerOfTen(precision))
-        fail("precision (" + convertToGenericString(precision) + ") is not a power of ten");
+        check.fail(&precision,
+                   violated("precision (" + convertToGenericString(precision) + ") is not a power of ten"));
 }
 
 } // namespace
 
-void checkFields(const Parameter<double>::Builder& builder) { checkParameter<double>(builder); }
-void checkFields(const Parameter<unsigned int>::Builder& builder) { checkParameter<unsigned int>(builder); }
-void checkFields(const Parameter<int>::Builder& builder) { checkParameter<int>(builder); }
+void checkFields(const Parameter<double>::Builder& builder, RuleCheck& check) {
+    checkParameter<double>(builder, check);
+}
+void checkFields(const Parameter<unsigned int>::Builder& builder, RuleCheck& check) {
+    checkParameter<unsigned int>(builder, check);
+}
+void checkFields(const Parameter<int>::Builder& builder, RuleCheck& check) {
+    checkParameter<int>(builder, check);
+}
 
 template <typename T>
 Parameter<T> Parameter<T>::Builder::build() const {

@@ -4,11 +4,11 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-void Profile::checkRules() const {
-    if (fields.name.empty())
-        throw InvalidProfile("The \"name\" string cannot be empty.");
-    if (fields.product.empty())
-        throw InvalidProfile("The \"product\" string cannot be empty.");
+void checkRules(const Profile::Builder& builder, RuleCheck& check) {
+    if (builder.name.empty())
+        check.fail(&builder.name, Profile::InvalidProfile("The \"name\" string cannot be empty."));
+    if (builder.product.empty())
+        check.fail(&builder.product, Profile::InvalidProfile("The \"product\" string cannot be empty."));
 }
 
 Profile Profile::Builder::build() const { return buildLastToFirst<Profile>(*this); }

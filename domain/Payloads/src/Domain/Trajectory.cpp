@@ -7,18 +7,22 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-void checkFields(const Imu::Builder& builder) {
+void checkFields(const Imu::Builder& builder, RuleCheck& check) {
     if (!isOneOf(AllowedValues::GNSS_STANDARD_DEVIATIONS, builder.gnssStandardDeviation))
-        throw std::invalid_argument("Profile Imu: GNSS standard deviation \"" +
-                                    shortened(builder.gnssStandardDeviation) + "\" is invalid");
+        check.fail(&builder.gnssStandardDeviation,
+                   std::invalid_argument("Profile Imu: GNSS standard deviation \"" +
+                                         shortened(builder.gnssStandardDeviation) + "\" is invalid"),
+                   AllowedValues::GNSS_STANDARD_DEVIATIONS);
 }
 
 Imu Imu::Builder::build() const { return buildLastToFirst<Imu>(*this); }
 
-void checkFields(const Trajectory::Builder& builder) {
+void checkFields(const Trajectory::Builder& builder, RuleCheck& check) {
     if (!isOneOf(AllowedValues::STABILIZED_MOUNTS, builder.stabilizedMount))
-        throw std::invalid_argument("Profile Trajectory: stabilized mount \"" +
-                                    shortened(builder.stabilizedMount) + "\" is invalid");
+        check.fail(&builder.stabilizedMount,
+                   std::invalid_argument("Profile Trajectory: stabilized mount \"" +
+                                         shortened(builder.stabilizedMount) + "\" is invalid"),
+                   AllowedValues::STABILIZED_MOUNTS);
 }
 
 Trajectory Trajectory::Builder::build() const { return buildLastToFirst<Trajectory>(*this); }

@@ -35,7 +35,7 @@ struct ValueAccess {
         list.append(std::forward<Profile>(profile));
     }
 
-    /// A value with the fields that `makeFields` returns, constructed in place and then checked.
+    /// A value with the fields that `makeFields` returns, constructed in place.
     template <typename Value, typename MakeFields>
     static Value make(const MakeFields& makeFields) {
         return Value(makeFields);

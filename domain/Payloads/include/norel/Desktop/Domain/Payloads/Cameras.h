@@ -75,11 +75,7 @@ private:
     };
 
     template <typename MakeFields>
-    explicit Cameras(const MakeFields& makeFields) : fields(makeFields()) {
-        checkRules();
-    }
-
-    void checkRules() const;
+    explicit Cameras(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };

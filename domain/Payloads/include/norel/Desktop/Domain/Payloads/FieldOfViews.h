@@ -100,11 +100,7 @@ private:
     };
 
     template <typename MakeFields>
-    explicit FieldOfViews(const MakeFields& makeFields) : fields(makeFields()) {
-        checkRules();
-    }
-
-    void checkRules() const;
+    explicit FieldOfViews(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };

@@ -63,11 +63,7 @@ private:
     };
 
     template <typename MakeFields>
-    explicit Georeferencing(const MakeFields& makeFields) : fields(makeFields()) {
-        checkRules();
-    }
-
-    void checkRules() const;
+    explicit Georeferencing(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };

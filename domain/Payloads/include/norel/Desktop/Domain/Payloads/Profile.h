@@ -60,11 +60,7 @@ private:
     };
 
     template <typename MakeFields>
-    explicit Profile(const MakeFields& makeFields) : fields(makeFields()) {
-        checkRules();
-    }
-
-    void checkRules() const;
+    explicit Profile(const MakeFields& makeFields) : fields(makeFields()) {}
 
     Fields fields;
 };
