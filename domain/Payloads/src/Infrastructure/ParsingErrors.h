@@ -2,7 +2,20 @@
 
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 
+#include <utility>
+
 namespace norel::Desktop::Domain::Payloads {
+
+/// Makes the path of a member or element, which refers to `parent` and to the key, without looking it up in
+/// the parent's value.
+struct ChildPath {
+    using JsonPath = JsonProfileListSerializer::JsonPath;
+
+    template <typename KeyOrIndex>
+    static JsonPath make(const JsonPath& parent, const KeyOrIndex& step, DataFormat::Json value = {}) {
+        return JsonPath(parent, std::move(value), step);
+    }
+};
 
 /// Runs `operation`, translating the errors of JSON values into ParsingError with the path.
 template <typename Operation>

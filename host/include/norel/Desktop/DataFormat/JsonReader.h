@@ -23,8 +23,8 @@ namespace norel::Desktop::DataFormat {
 /// values. A Reader also refuses rare texts which fromString accepts: a byte order mark, an integer of more
 /// than 19 digits, a number too small for a double. It leaves duplicate keys to the caller.
 ///
-/// Every failure throws JsonError with one fixed text; Json::fromString gives the details. The reader must
-/// not be used afterwards. Threads: one object must not be used by several threads at once.
+/// Every failure throws JsonError with one fixed text; Json::fromString gives the details. Afterwards only
+/// getRest may be used. Threads: one object must not be used by several threads at once.
 class NOREL_DATAFORMAT_EXPORT Json::Reader {
 public:
     /// The text must outlive the reader.
@@ -60,6 +60,12 @@ public:
 
     /// Throws unless only white space follows.
     void end();
+
+    /// The text that was not read yet; after a failure, from where the text is not as expected: a string from
+    /// its first character on, a word from its beginning, a number from the character that is no part of one.
+    std::string_view getRest() const noexcept {
+        return {position, static_cast<std::size_t>(textEnd - position)};
+    }
 
 private:
     friend class JsonTreeReader;

@@ -196,6 +196,7 @@ public:
 
 private:
     friend class DocumentReader;
+    friend struct ChildPath;
 
     // While the library reads, a path only refers to its parent and its key, since the steps of most paths
     // are never needed. A copy, and so every path returned to a caller, holds its own steps.

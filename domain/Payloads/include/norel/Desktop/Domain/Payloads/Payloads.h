@@ -44,6 +44,7 @@
 #include "norel/Desktop/Domain/Payloads/ProfileListSchema.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListSerializer.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
+#include "norel/Desktop/Domain/Payloads/ProfileListValidator.h"
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 #include "norel/Desktop/Domain/Payloads/StripAdjustment.h"
 #include "norel/Desktop/Domain/Payloads/ToBuilder.h"
