@@ -6,48 +6,16 @@
 #include "norel/Desktop/Domain/Payloads/ProfileListHttpStorage.h"
 #include "norel/Desktop/Networking/Http/CurlHttpClient.h"
 #include "norel/Desktop/Utils/StringConverter.h"
-#include "terminal/Terminal.h"
+#include "terminal/Progress.h"
 #include "terminal/Text.h"
 #include "text/MaskedText.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-/// Shows on a terminal how much of an answer has been received, once it takes longer than a second, and
-/// erases that at the end.
-class Progress {
-public:
-    explicit Progress(const std::string& source) : name(printable(source)) {}
-
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-
-    ~Progress() {
-        if (isShown)
-            Terminal::writeMessage("\r\x1b[K");
-    }
-
-    void update(std::uint64_t receivedBytes) {
-        const auto width = Terminal::getMessageWidth();
-        if (!width || Clock::now() - start < std::chrono::seconds(1))
-            return;
-        isShown = true;
-        const std::string line = "read " + std::to_string(receivedBytes / 1024) + " KiB from " + name;
-        Terminal::writeMessage("\r\x1b[K" + shortened(line, *width));
-    }
-
-private:
-    std::string name;
-    Clock::time_point start = Clock::now();
-    bool isShown = false;
-};
 
 /// Not read through the text file store, which refuses pipes: a key may come from one.
 std::string readKeyFile(const std::string& name) {
@@ -104,9 +72,11 @@ std::string findPassword(const Source& source) {
 
 ProfileList readAddress(const DocumentAccess& documents, const Source& source, const std::string& key) {
     const std::string baseUrl = source.location + (source.location.back() == '/' ? "" : "/");
-    const auto progress = std::make_shared<Progress>(source.getName());
+    const auto progress = std::make_shared<Progress>();
     Networking::Http::CurlHttpClient::Options options;
-    options.progress = [progress](std::uint64_t receivedBytes) { progress->update(receivedBytes); };
+    options.progress = [progress, name = printable(source.getName())](std::uint64_t receivedBytes) {
+        progress->show("read " + std::to_string(receivedBytes / 1024) + " KiB from " + name);
+    };
     const auto client = std::make_shared<Networking::Http::CurlHttpClient>(options);
     try {
         return readProfiles(source.getName(), std::make_shared<ProfileListHttpStorage>(baseUrl, client, key,

@@ -1,0 +1,54 @@
+#include "documents/Validation.h"
+
+#include "documents/DocumentVersion.h"
+
+#include <algorithm>
+
+namespace norel::Desktop::PayloadProfiles {
+namespace {
+
+using Finding = ProfileListValidator::Finding;
+using Kind = ProfileListValidator::Kind;
+using Severity = ProfileListValidator::Severity;
+namespace DocumentVersions = Domain::Payloads::DocumentVersions;
+
+/// Empty when the document is of the current version, or its version is not certain.
+std::optional<unsigned int> findOldVersion(const std::string& text) {
+    try {
+        const auto version = findVersion(StoredLidars(text).profiles);
+        return version && *version < DocumentVersions::getCurrent() ? version : std::nullopt;
+    } catch (const DataFormat::Json::JsonError&) {
+    } catch (const VersionUnclear&) {
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::size_t Validation::count(Severity severity) const {
+    return static_cast<std::size_t>(std::ranges::count(result.findings, severity, &Finding::severity));
+}
+
+Validation validateDocument(const std::string& text, const ProfileListValidator::Progress& progress) {
+    Validation validation{{}, ProfileListValidator().validate(text, progress)};
+    std::vector<Finding>& findings = validation.result.findings;
+    if (std::ranges::find(findings, Kind::Missing, &Finding::kind) != findings.end())
+        validation.oldVersion = findOldVersion(text);
+    if (validation.oldVersion)
+        validation.result = {};
+    return validation;
+}
+
+std::vector<Finding> findDroppedMembers(const std::string& text) {
+    std::vector<Finding> findings = ProfileListValidator().validate(text).findings;
+    std::erase_if(findings, [](const Finding& finding) { return finding.kind != Kind::UnknownMember; });
+    return findings;
+}
+
+std::optional<Finding> findFirstError(const std::string& text) {
+    const std::vector<Finding> findings = ProfileListValidator().validate(text).findings;
+    const auto error = std::ranges::find(findings, Severity::Error, &Finding::severity);
+    return error != findings.end() ? std::optional(*error) : std::nullopt;
+}
+
+} // namespace norel::Desktop::PayloadProfiles

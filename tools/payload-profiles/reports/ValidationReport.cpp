@@ -1,0 +1,105 @@
+#include "reports/ValidationReport.h"
+
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
+#include "terminal/Text.h"
+
+namespace norel::Desktop::PayloadProfiles {
+namespace {
+
+using DataFormat::Json;
+using Constraints = ProfileListValidator::Constraints;
+using Finding = ProfileListValidator::Finding;
+using Kind = ProfileListValidator::Kind;
+using Severity = ProfileListValidator::Severity;
+namespace DocumentVersions = Domain::Payloads::DocumentVersions;
+
+const char* nameOf(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
+
+const char* nameOf(Kind kind) {
+    switch (kind) {
+    case Kind::NotJson:
+        return "not_json";
+    case Kind::Missing:
+        return "missing";
+    case Kind::WrongKind:
+        return "wrong_kind";
+    case Kind::RuleBroken:
+        return "rule_broken";
+    case Kind::NumberOutOfRange:
+        return "number_out_of_range";
+    case Kind::UnknownMember:
+        return "unknown_member";
+    case Kind::RepeatedMember:
+        return "repeated_member";
+    case Kind::Id:
+        return "id";
+    }
+    return "";
+}
+
+/// Ends with how to upgrade the document.
+std::string describeOldVersion(const std::string& file, unsigned int version) {
+    return "the document is of version " + std::to_string(version) + ", not " +
+           std::to_string(DocumentVersions::getCurrent()) + "; run: payload-profiles upgrade " + file;
+}
+
+std::string describe(const Finding& finding) {
+    std::string text = finding.path.empty() ? finding.message : finding.path + ": " + finding.message;
+    std::string choices;
+    for (const std::string& choice : finding.constraints.choices)
+        choices += (choices.empty() ? "; allowed: \"" : ", \"") + choice + '"';
+    return text + choices;
+}
+
+Json toJson(const Finding& finding) {
+    Json object;
+    object.set("severity", Json(nameOf(finding.severity)));
+    object.set("kind", Json(nameOf(finding.kind)));
+    object.set("path", Json(finding.path));
+    object.set("line", Json(static_cast<unsigned int>(finding.line)));
+    object.set("column", Json(static_cast<unsigned int>(finding.column)));
+    object.set("message", Json(finding.message));
+    const Constraints& constraints = finding.constraints;
+    if (constraints.range) {
+        object.set("minimum", Json(constraints.range->first));
+        object.set("maximum", Json(constraints.range->second));
+    }
+    if (constraints.unit)
+        object.set("unit", Json(*constraints.unit));
+    if (!constraints.choices.empty())
+        object.set("choices", Json(constraints.choices));
+    return object;
+}
+
+} // namespace
+
+std::string makeTextReport(const std::string& file, const Validation& validation) {
+    const std::string name = printable(file);
+    if (validation.oldVersion)
+        return name + ":1:1: error: " + describeOldVersion(name, *validation.oldVersion) + '\n';
+    std::string text;
+    for (const Finding& finding : validation.result.findings)
+        text += name + ':' + std::to_string(finding.line) + ':' + std::to_string(finding.column) + ": " +
+                nameOf(finding.severity) + ": " + printable(describe(finding)) + '\n';
+    if (validation.result.isCut)
+        text += name + ": there is more; only the first " +
+                std::to_string(ProfileListValidator::MAXIMUM_FINDINGS) + " findings are shown\n";
+    return text;
+}
+
+DataFormat::Json makeJsonReport(const std::string& file, const Validation& validation) {
+    std::vector<Json> findings;
+    for (const Finding& finding : validation.result.findings)
+        findings.push_back(toJson(finding));
+    Json object;
+    object.set("file", Json(file));
+    if (validation.oldVersion) {
+        object.set("old_version", Json(*validation.oldVersion));
+        object.set("message", Json(describeOldVersion(file, *validation.oldVersion)));
+    }
+    object.set("findings", Json(std::move(findings)));
+    object.set("is_cut", Json(validation.result.isCut));
+    return object;
+}
+
+} // namespace norel::Desktop::PayloadProfiles
