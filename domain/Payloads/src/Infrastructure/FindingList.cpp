@@ -40,12 +40,10 @@ private:
 
 void FindingList::add(std::string_view place, Finding&& finding) {
     const bool isError = finding.severity == Severity::Error;
-    std::size_t& count = isError ? errors : warnings;
-    if (count == ProfileListValidator::MAXIMUM_FINDINGS) {
+    if (++(isError ? errors : warnings) > ProfileListValidator::MAXIMUM_FINDINGS) {
         isCut = true;
         return;
     }
-    ++count;
     located.push_back({static_cast<std::size_t>(place.data() - text.data()), std::move(finding)});
 }
 

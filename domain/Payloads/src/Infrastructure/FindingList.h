@@ -20,7 +20,7 @@ public:
     void add(std::string_view place, Finding&& finding);
 
     /// Whether further findings need not be searched for.
-    bool isFull() const { return errors >= ProfileListValidator::MAXIMUM_FINDINGS; }
+    bool isFull() const { return errors > ProfileListValidator::MAXIMUM_FINDINGS; }
 
     std::size_t size() const { return located.size(); }
 
