@@ -56,7 +56,7 @@ void addFile(Context& context, const ValidateArguments& arguments, const std::st
         totals.errors += validation.count(Severity::Error) + (validation.oldVersion ? 1 : 0);
         totals.warnings += validation.count(Severity::Warning);
         totals.isCut = totals.isCut || validation.result.isCut;
-        const std::string name = file == "-" ? "<stdin>" : file;
+        const std::string name = file == "-" ? STANDARD_INPUT : file;
         if (arguments.isJson)
             totals.reports.push_back(makeJsonReport(name, validation));
         else

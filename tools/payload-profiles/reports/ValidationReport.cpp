@@ -40,7 +40,8 @@ const char* nameOf(Kind kind) {
 /// Ends with how to upgrade the document.
 std::string describeOldVersion(const std::string& file, unsigned int version) {
     return "the document is of version " + std::to_string(version) + ", not " +
-           std::to_string(DocumentVersions::getCurrent()) + "; run: payload-profiles upgrade " + file;
+           std::to_string(DocumentVersions::getCurrent()) + "; run: payload-profiles upgrade " +
+           (file == STANDARD_INPUT ? "FILE" : file);
 }
 
 std::string describe(const Finding& finding) {

@@ -149,13 +149,45 @@ TEST_F(ApplicationTest, ReportsAnInvalidFileAndLeavesItUnchanged) {
                                     "add bad.json profile.json", "add new.json bad.json", "delete bad.json 5",
                                     "merge factory bad.json", "merge bad.json new.json"})
             expect(command, 2, "", failure("bad.json", message));
-        expect("validate bad.json profile.json", 1, "bad.json: " + message + '\n');
-        expect("validate missing.json bad.json", 2, "bad.json: " + message + '\n',
-               failure("missing.json", NO_FILE));
         EXPECT_EQ(read("bad.json"), text);
     }
-    expect("validate profile.json", 0, "");
     EXPECT_EQ(listFiles(), "bad.json profile.json ");
+}
+
+TEST_F(ApplicationTest, ValidatesFiles) {
+    const std::string document = makeDocument(5);
+    write("good.json", document);
+    write("odd.json", replaced(document, "\"uploads\": null", "\"up\\u009b\": 1"));
+    write("bad.json", replaced(replaced(document, "\"none\"", "\"non\""), "\"id\": 5", "\"id\": \"\""));
+    write("old.json", replaced(makeDocument(88), "\"dsm\"", "\"dms\""));
+    const std::string odd =
+        R"(odd.json:172:9: warning: [0].up\u009b: unknown member; it is ignored, and lost when the )"
+        "document is written\n0 errors, 1 warning\n";
+    const std::string bad =
+        ":3:15: error: [0].id: [json.exception.type_error.302] type must be number, but is string\n";
+    const std::string mount =
+        ":170:33: error: [0].trajectory.stabilized_mount: Profile Trajectory: stabilized mount "
+        "\"non\" is invalid; allowed: \"none\", \"synthetize gimbal data\"\n";
+    const std::string old = "the document is of version 4, not 5; run: payload-profiles upgrade ";
+    expect("validate good.json", 0, "");
+    expect("validate odd.json good.json", 0, odd);
+    expect("validate --strict odd.json", 1, odd);
+    expect("validate missing.json bad.json old.json", 2,
+           "bad.json" + bad + "bad.json" + mount + "old.json:1:1: error: " + old +
+               "old.json\n3 errors, 0 warnings\n",
+           failure("missing.json", NO_FILE));
+    expect("validate - < bad.json", 1, "<stdin>" + bad + "<stdin>" + mount + "2 errors, 0 warnings\n");
+    expect("validate - < old.json", 1, "<stdin>:1:1: error: " + old + "FILE\n1 error, 0 warnings\n");
+    EXPECT_EQ(run("validate --json bad.json old.json"), 1);
+    EXPECT_EQ(
+        Json::fromString(read("captured/output")).toString(-1),
+        R"([{"file":"bad.json","findings":[{"severity":"error","kind":"wrong_kind","path":"[0].id","line":3,)"
+        R"("column":15,"message":"[json.exception.type_error.302] type must be number, but is string"},)"
+        R"({"severity":"error","kind":"rule_broken","path":"[0].trajectory.stabilized_mount","line":170,)"
+        R"("column":33,"message":"Profile Trajectory: stabilized mount \"non\" is invalid",)"
+        R"("choices":["none","synthetize gimbal data"]}],"is_cut":false},{"file":"old.json","old_version":4,)"
+        R"("message":")" +
+            old + R"(old.json","findings":[],"is_cut":false}])");
 }
 
 TEST_F(ApplicationTest, CreatesNoFileWhenACommandFails) {
