@@ -40,6 +40,8 @@ std::string makeTextList(const ProfileList& list) {
     Table table = makeTable(list, true);
     if (width && table.getWidth() > *width)
         table = makeTable(list, false);
+    if (width && table.getWidth() > *width)
+        table.removeEmptyColumns();
     std::string text;
     for (const std::string& line : table.makeLines(width))
         text += (text.empty() ? bold(line) : line) + '\n';

@@ -9,6 +9,7 @@
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
+constexpr const char* NO_VALUE = "-";
 constexpr std::size_t GAP = 2;       // spaces between columns
 constexpr std::size_t NARROWEST = 8; // columns are not made narrower
 
@@ -28,6 +29,18 @@ void Table::add(const std::vector<std::string>& row) {
     for (std::size_t column = 0; column < widths.size(); ++column)
         widths[column] = std::max(widths[column], getDisplayWidth(row[column]));
     rows.push_back(row);
+}
+
+void Table::removeEmptyColumns() {
+    for (std::size_t column = widths.size(); column-- > 0;) {
+        const auto isEmpty = [&](const std::vector<std::string>& row) { return row[column] == NO_VALUE; };
+        if (rows.size() < 2 || !std::all_of(rows.begin() + 1, rows.end(), isEmpty))
+            continue;
+        const auto offset = static_cast<std::ptrdiff_t>(column);
+        widths.erase(widths.begin() + offset);
+        for (std::vector<std::string>& row : rows)
+            row.erase(row.begin() + offset);
+    }
 }
 
 std::size_t Table::getWidth() const { return sumOf(widths); }
@@ -55,7 +68,7 @@ std::vector<std::string> Table::makeLines(std::optional<std::size_t> width) cons
     return lines;
 }
 
-std::string orDash(const std::string& text) { return text.empty() ? "-" : text; }
+std::string orDash(const std::string& text) { return text.empty() ? NO_VALUE : text; }
 
 std::string orQuotes(const std::string& text) { return text.empty() ? "\"\"" : text; }
 

@@ -14,6 +14,9 @@ public:
 
     void add(const std::vector<std::string>& row);
 
+    /// Removes the columns without a value, where all cells below the heading are "-".
+    void removeEmptyColumns();
+
     /// The width in terminal columns of the longest line.
     std::size_t getWidth() const;
 
