@@ -43,9 +43,20 @@ Json toJson(const Lidar& lidar) {
     return object;
 }
 
-Json toJson(const ProfileParameter& parameter) {
+/// ".[2].lidar.imu_latency": the path from the beginning of the document, as jq takes it.
+Json makeQuery(unsigned int index, const std::string& path = "") {
+    std::string query = ".[" + std::to_string(index) + ']';
+    if (!path.empty())
+        query += '.' + path;
+    for (std::size_t at = 1; (at = query.find(".[", at)) != std::string::npos;)
+        query.erase(at, 1);
+    return Json(query);
+}
+
+Json toJson(const ProfileParameter& parameter, unsigned int index) {
     Json object;
     object.set("path", Json(parameter.path));
+    object.set("query", makeQuery(index, parameter.path));
     object.set("value", numberToJson(parameter.value));
     if (parameter.unit)
         object.set("unit", Json(*parameter.unit));
@@ -93,17 +104,19 @@ std::string makeJsonReport(const Profile& profile, unsigned int index) {
     const ProfileSettings settings = listSettings(profile);
     std::vector<Json> parameters;
     for (const ProfileParameter& parameter : settings.parameters)
-        parameters.push_back(toJson(parameter));
+        parameters.push_back(toJson(parameter, index));
     std::vector<Json> textLists;
     for (const auto& [path, texts] : settings.textLists) {
         Json object;
         object.set("path", Json(path));
+        object.set("query", makeQuery(index, path));
         object.set("texts", Json(texts));
         textLists.push_back(std::move(object));
     }
     const auto lidar = profile.getLidar();
     Json object = makeJsonIdentity(profile);
     object.set("path", Json('[' + std::to_string(index) + ']'));
+    object.set("query", makeQuery(index));
     object.set("lidar", lidar ? toJson(*lidar) : Json());
     object.set("cameras", Json(listOrientations(profile)));
     const Trajectory trajectory = profile.getTrajectory();
