@@ -1,16 +1,19 @@
 #include "CommandLine.h"
 
+#include "commands/Command.h"
 #include "commands/Commands.h"
+#include "commands/Completion.h"
 #include "documents/Failure.h"
 #include "documents/Source.h"
+#include "reports/HelpReport.h"
 #include "terminal/Terminal.h"
 #include "terminal/Text.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <filesystem>
 #include <sstream>
+#include <string_view>
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
@@ -18,25 +21,23 @@ namespace {
 constexpr const char* DESCRIPTION = "Lists, shows, checks and changes the payload profiles in a file.";
 
 constexpr const char* NOTES =
-    "SOURCE is a file, \"factory\" for the built-in profiles, or the base address of the processing web\n"
-    "service (http://..., https://...). Write \"./factory\" for a file of that name. The key of the web\n"
+    "SOURCE is a file, \"factory\" for the built-in profiles, or the base address of the processing web "
+    "service (http://..., https://...). Write \"./factory\" for a file of that name. The key of the web "
     "service is read from --key-file or from the environment variable PAYLOAD_PROFILES_KEY.\n"
     "\n"
     "Exit codes: 0 success, 1 validate found an invalid file, 2 error.\n"
     "\n"
     "See payload-profiles COMMAND --help for details and examples.";
 
-class HelpFormatter : public CLI::Formatter {
+class HelpFormatter : public CLI::FormatterBase {
 public:
-    HelpFormatter() {
-        for (const char* type : {"TEXT", "UINT"})
-            label(type, "");
-        label("REQUIRED", "");
-        column_width(32);
+    std::string make_help(const CLI::App* parser, std::string /*name*/,
+                          CLI::AppFormatMode /*mode*/) const override {
+        return makeHelp(describe(*parser));
     }
 };
 
-void describe(CLI::App& application) {
+void configure(CLI::App& application) {
     application.description(DESCRIPTION);
     application.name("payload-profiles");
     application.footer(NOTES);
@@ -60,12 +61,16 @@ void concealPasswords(Console& console, int argumentCount, const char* const* ar
     }
 }
 
-/// What is wrong with the command line. The parser does not report an unknown command as such.
+/// What is wrong with the command line. The parser reports neither unknown commands nor unknown options as
+/// such.
 std::string reasonOf(const CLI::App& application, const CLI::ParseError& error) {
+    const std::vector<CLI::App*> chosen = application.get_subcommands();
+    for (const std::string& word : application.remaining(true))
+        if (word.size() > 1 && word.starts_with('-'))
+            return describeUnknownOption(describe(chosen.empty() ? application : *chosen.front()), word);
     const std::vector<std::string> rest = application.remaining();
-    if (!application.get_subcommands().empty() || rest.empty() || rest.front().starts_with('-'))
-        return error.what();
-    return "there is no command " + inQuotes(rest.front());
+    return chosen.empty() && !rest.empty() ? describeUnknownCommand(describe(application), rest.front())
+                                           : error.what();
 }
 
 /// Prints the help or the version that was asked for, or what is wrong with the command line.
@@ -86,12 +91,22 @@ int answer(const CLI::App& application, const CLI::ParseError& error, Console& c
 
 int execute(int argumentCount, const char* const* arguments, Context& context) {
     CLI::App application;
-    describe(application);
+    configure(application);
     for (const auto add :
-         {addListCommand, addShowCommand, addAddCommand, addDeleteCommand, addValidateCommand,
-          addFactoryCommand, addMergeCommand, addUpgradeCommand, addFetchCommand, addReportCommand, addSetCommand,
-          addResetCommand, addCopyCommand, addRenameCommand, addDiffCommand, addSchemaCommand})
+         {addListCommand, addShowCommand, addReportCommand, addDiffCommand, addValidateCommand, addSetCommand,
+          addResetCommand, addRenameCommand, addAddCommand, addCopyCommand, addDeleteCommand, addMergeCommand,
+          addUpgradeCommand, addFactoryCommand, addFetchCommand, addSchemaCommand, addHelpCommand,
+          addManualCommand})
         add(application, context);
+    if (argumentCount <= 1) {
+        context.console.print(makeShortHelp(describe(application)));
+        return static_cast<int>(ExitCode::Success);
+    }
+    if (std::string_view(arguments[1]) == "complete") { // not parsed: what follows is not complete
+        context.console.print(completeWords(describe(application), {arguments + 2, arguments + argumentCount},
+                                            context.documents));
+        return static_cast<int>(ExitCode::Success);
+    }
     try {
         application.parse(argumentCount, arguments);
         return static_cast<int>(context.exitCode);

@@ -4,10 +4,12 @@
 #include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "documents/ProfileId.h"
+#include "documents/ReadDocument.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
 #include "terminal/Terminal.h"
+#include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
+#include <optional>
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
@@ -19,7 +21,9 @@ struct AddArguments {
     std::string profileFile;
     std::optional<std::string> name;
     std::optional<std::string> serialNumber;
-    LockWait wait;
+    bool replace = false;
+    bool newId = false;
+    ChangeOptions options;
 };
 
 /// Reads profiles with the name and serial number of the command line.
@@ -46,12 +50,14 @@ private:
 
 Profile parseProfile(const AddArguments& arguments, const std::string& text) {
     const OverridingSerializer serializer(arguments);
-    const std::vector<Profile> profiles = serializer.deserialize(text).list();
+    const std::vector<Profile> profiles = readDocument(serializer, text).list();
     if (profiles.size() != 1)
         throw std::runtime_error("the document must contain one profile but contains " +
                                  std::to_string(profiles.size()));
+    if (!arguments.options.dropUnknown)
+        requireNothingDropped(text);
     Profile profile = profiles.front();
-    profile.setId(serializer.getReadId());
+    profile.setId(arguments.newId ? Profile::ID_IS_UNASSIGNED : serializer.getReadId());
     return profile;
 }
 
@@ -63,49 +69,80 @@ Profile readProfile(const Context& context, const AddArguments& arguments) {
     });
 }
 
+/// Whether two profiles with the same id are evidently states of one: the product is the same and so is the
+/// serial number, or the name where a serial number is missing.
+bool isSameProfile(const Profile& a, const Profile& b) {
+    if (a.getProduct() != b.getProduct())
+        return false;
+    if (a.getSerialNumber().empty() || b.getSerialNumber().empty())
+        return a.getName() == b.getName();
+    return a.getSerialNumber() == b.getSerialNumber();
+}
+
+std::string describeWithProduct(const Profile& profile) {
+    return describe(profile) + " (product " + inQuotes(profile.getProduct()) + ", serial number " +
+           inQuotes(profile.getSerialNumber()) + ')';
+}
+
+/// Throws when adding the profile would replace another one without having been asked to.
+void requireReplaceable(const AddArguments& arguments, const Profile& stored, const Profile& profile) {
+    const std::string nothing = "nothing was added: ";
+    if (profile.getId() == Profile::ID_IS_UNASSIGNED) // the list assigns it after 4294967294
+        throw Failure(arguments.file, nothing + "the profile " + describe(stored) +
+                                          " has the id that requests a new one; give that profile another "
+                                          "id, or delete it");
+    if (!arguments.replace && !isSameProfile(stored, profile))
+        throw Failure(arguments.file, nothing + "the profile " + describeWithProduct(profile) +
+                                          " would replace " + describeWithProduct(stored) +
+                                          "; --replace replaces it, --new-id adds the profile with a new id");
+}
+
+std::string describeChange(const std::optional<Profile>& stored, const Profile& profile, bool isDryRun) {
+    if (!stored)
+        return (isDryRun ? "would add " : "added ") + describe(profile);
+    if (isSameProfile(*stored, profile))
+        return (isDryRun ? "would update " : "updated ") + describe(profile);
+    return (isDryRun ? "would replace " : "replaced ") + describe(*stored) + " by " + describe(profile);
+}
+
 void add(Context& context, const AddArguments& arguments) {
     Profile profile = readProfile(context, arguments);
     const FileToChange file(context.documents, arguments.file, FileToChange::Expected::Anything,
-                            arguments.wait);
+                            arguments.options);
     const ProfileList list = file.read();
-    const bool exists = list.existById(profile.getId());
-    if (exists && profile.getId() == Profile::ID_IS_UNASSIGNED) // the list assigns it after 4294967294
-        throw Failure(arguments.file, "nothing was added: the profile " +
-                                          describe(*list.get(profile.getId())) +
-                                          " has the id that requests a new one; give that profile another "
-                                          "id, or delete it");
+    std::optional<Profile> stored;
+    if (list.existById(profile.getId())) {
+        stored = *list.get(profile.getId());
+        requireReplaceable(arguments, *stored, profile);
+    }
     const auto draft = std::make_shared<DraftStorage>(list);
     about(arguments.file, [&] { UseCase::AddOrUpdateProfile(draft, context.clock).execute(profile); });
     file.write(draft->read());
-    context.console.print((exists ? "updated " : "added ") + describe(profile) + '\n');
+    context.console.print(describeChange(stored, profile, arguments.options.dryRun) + '\n');
 }
 
 } // namespace
 
 void addAddCommand(CLI::App& application, Context& context) {
-    CLI::App& command =
+    const Command command =
         addCommand(application, "add", "Add a profile to a file, or update the profile with the same id",
                    "add profiles.json profile.json\n"
-                   "add profiles.json profile.json --name \"Drone 7\" --serial-number KV-1042\n"
+                   "add p.json new.json --name \"Drone 7\" --serial-number KV-1042\n"
+                   "add profiles.json colleague.json --new-id\n"
                    "add profiles.json - < profile.json");
     const auto arguments = std::make_shared<AddArguments>();
-    command.add_option("FILE", arguments->file, "The file to change; created if missing")->required();
-    command
-        .add_option("PROFILE.json", arguments->profileFile,
-                    "A document with one profile, - for the standard input; the id -1 requests a new id")
-        ->required();
-    command
-        .add_option_function<std::string>(
-            "--name", [arguments](const std::string& name) { arguments->name = name; },
-            "Set the profile name")
-        ->option_text("NAME");
-    command
-        .add_option_function<std::string>(
-            "--serial-number", [arguments](const std::string& number) { arguments->serialNumber = number; },
-            "Set the serial number")
-        ->option_text("NUMBER");
-    addWait(command, arguments->wait);
-    command.callback([&context, arguments] { add(context, *arguments); });
+    command.addArgument("FILE", arguments->file, "The file to change; created if missing");
+    command.addArgument("PROFILE.json", arguments->profileFile,
+                        "A document with one profile, - for the standard input; the id -1 requests a new id");
+    command.addOption("--name", "NAME", arguments->name, "Set the profile name");
+    command.addOption("--serial-number", "NUMBER", arguments->serialNumber, "Set the serial number");
+    command.addFlag("--replace", arguments->replace,
+                    "Replace the profile with the same id even if it is another one: of another product or "
+                    "serial number, or of another name where a serial number is missing");
+    command.addFlag("--new-id", arguments->newId, "Add the profile with a new id");
+    command.exclude("--replace", "--new-id");
+    addChangeOptions(command, arguments->options);
+    command.run([&context, arguments] { add(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

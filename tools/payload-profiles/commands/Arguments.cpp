@@ -1,43 +1,31 @@
 #include "commands/Arguments.h"
 
-#include <CLI/CLI.hpp>
-
-#include <sstream>
-
 namespace norel::Desktop::PayloadProfiles {
 
-CLI::App& addCommand(CLI::App& application, const std::string& name, const std::string& description,
-                     const std::string& examples) {
-    CLI::App& command = *application.add_subcommand(name, description);
-    std::string footer = "Examples:";
-    std::istringstream lines(examples);
-    for (std::string line; std::getline(lines, line);)
-        footer += "\n  payload-profiles " + line;
-    command.footer(footer);
-    return command;
-}
-
-void addSource(CLI::App& command, Source& source) {
-    command
-        .add_option("SOURCE", source.location, "A file, \"factory\" or a base address (http://, https://)")
-        ->required();
+void addSource(Command command, Source& source) {
+    command.addArgument("SOURCE", source.location,
+                        "A file, \"factory\" or a base address (http://, https://)");
     addKeyFile(command, source);
 }
 
-void addKeyFile(CLI::App& command, Source& source) {
-    command
-        .add_option("--key-file", source.keyFile,
-                    "File that contains the key of the web service (default: the environment variable "
-                    "PAYLOAD_PROFILES_KEY)")
-        ->option_text("KEY-FILE");
+void addKeyFile(Command command, Source& source) {
+    command.addOption("--key-file", "KEY-FILE", source.keyFile,
+                      "File that contains the key of the web service (default: the environment variable "
+                      "PAYLOAD_PROFILES_KEY)");
 }
 
-void addWait(CLI::App& command, LockWait& wait) {
-    command
-        .add_option("--wait", wait.seconds,
-                    "How long to wait while another process changes the file (default: " +
-                        std::to_string(wait.seconds) + ")")
-        ->option_text("SECONDS");
+void addWriteOptions(Command command, ChangeOptions& options) {
+    command.addFlag("--dry-run", options.dryRun, "Print what would be done, and change nothing");
+    command.addFlag("--backup", options.backup, "Keep the previous text as FILE.bak, replacing an older one");
+    command.addOption("--wait", "SECONDS", options.waitSeconds,
+                      "How long to wait while another process changes the file (default: " +
+                          std::to_string(options.waitSeconds) + ")");
+}
+
+void addChangeOptions(Command command, ChangeOptions& options) {
+    addWriteOptions(command, options);
+    command.addFlag("--drop-unknown", options.dropUnknown,
+                    "Write even if that drops members that are not known, such as misspelt ones");
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -6,8 +6,6 @@
 #include "documents/ProfileId.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/DeleteProfile.h"
 
-#include <CLI/CLI.hpp>
-
 #include <set>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -16,7 +14,7 @@ namespace {
 struct DeleteArguments {
     std::string file;
     std::vector<std::string> ids;
-    LockWait wait;
+    ChangeOptions options;
 };
 
 void checkIds(const ProfileList& list, const std::set<unsigned int>& ids, const std::string& file) {
@@ -33,28 +31,31 @@ void deleteProfiles(Context& context, const DeleteArguments& arguments) {
     std::set<unsigned int> ids;
     for (const std::string& id : arguments.ids)
         ids.insert(parseId(id));
-    const FileToChange file(context.documents, arguments.file, FileToChange::Expected::File, arguments.wait);
+    const FileToChange file(context.documents, arguments.file, FileToChange::Expected::File,
+                            arguments.options);
     const ProfileList list = file.read();
     checkIds(list, ids, arguments.file);
     const auto draft = std::make_shared<DraftStorage>(list);
     for (const unsigned int id : ids)
         UseCase::DeleteProfile(draft).execute(id);
     file.write(draft->read());
+    const char* const verb = arguments.options.dryRun ? "would delete " : "deleted ";
     for (const unsigned int id : ids)
-        context.console.print("deleted " + describe(*list.get(id)) + '\n');
+        context.console.print(verb + describe(*list.get(id)) + '\n');
 }
 
 } // namespace
 
 void addDeleteCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "delete", "Delete profiles from a file, either all or none",
-                                   "delete profiles.json 88\n"
-                                   "delete profiles.json 4 3 2");
+    const Command command =
+        addCommand(application, "delete", "Delete profiles from a file, either all or none",
+                   "delete profiles.json 88\n"
+                   "delete profiles.json 4 3 2");
     const auto arguments = std::make_shared<DeleteArguments>();
-    command.add_option("FILE", arguments->file, "The file to change")->required();
-    command.add_option("ID", arguments->ids, "The ids of the profiles")->required()->check(checkId);
-    addWait(command, arguments->wait);
-    command.callback([&context, arguments] { deleteProfiles(context, *arguments); });
+    command.addArgument("FILE", arguments->file, "The file to change");
+    command.addArguments("ID", arguments->ids, "The ids of the profiles", checkId);
+    addChangeOptions(command, arguments->options);
+    command.run([&context, arguments] { deleteProfiles(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

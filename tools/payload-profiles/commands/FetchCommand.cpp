@@ -4,8 +4,6 @@
 #include "documents/ProfileFile.h"
 #include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
@@ -13,7 +11,7 @@ struct FetchArguments {
     Source source;
     std::string file;
     bool force = false;
-    LockWait wait;
+    ChangeOptions options;
 };
 
 void fetch(Context& context, const FetchArguments& arguments) {
@@ -25,24 +23,29 @@ void fetch(Context& context, const FetchArguments& arguments) {
     const auto expected =
         arguments.force ? FileToChange::Expected::Anything : FileToChange::Expected::Nothing;
     const ProfileList list = readSource(context.documents, arguments.source);
-    FileToChange(context.documents, arguments.file, expected, arguments.wait).write(list);
-    context.console.print("saved " + counted(list.list().size(), "profile") + " to " +
-                          printable(arguments.file) + '\n');
+    const std::size_t number = list.list().size();
+    if (number == 0 && !arguments.force)
+        throw Failure(arguments.source.getName(),
+                      "nothing was saved: the service has no profiles; --force saves an empty list");
+    FileToChange(context.documents, arguments.file, expected, arguments.options).write(list);
+    context.console.print((arguments.options.dryRun ? "would save " : "saved ") + counted(number, "profile") +
+                          " to " + printable(arguments.file) + '\n');
 }
 
 } // namespace
 
 void addFetchCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "fetch", "Save the profiles of the processing web service",
-                                   "fetch https://processing.example/ profiles.json --key-file key.txt\n"
-                                   "fetch https://processing.example/ profiles.json --force");
+    const Command command =
+        addCommand(application, "fetch", "Save the profiles of the processing web service",
+                   "fetch https://processing.example/ p.json --key-file key.txt\n"
+                   "fetch https://processing.example/ profiles.json --force");
     const auto arguments = std::make_shared<FetchArguments>();
-    command.add_option("URL", arguments->source.location, "The base address of the service")->required();
+    command.addArgument("URL", arguments->source.location, "The base address of the service");
     addKeyFile(command, arguments->source);
-    command.add_option("FILE", arguments->file, "The file to write")->required();
-    command.add_flag("--force", arguments->force, "Replace an existing file");
-    addWait(command, arguments->wait);
-    command.callback([&context, arguments] { fetch(context, *arguments); });
+    command.addArgument("FILE", arguments->file, "The file to write");
+    command.addFlag("--force", arguments->force, "Replace an existing file, even by an empty list");
+    addWriteOptions(command, arguments->options);
+    command.run([&context, arguments] { fetch(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

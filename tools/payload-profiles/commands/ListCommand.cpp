@@ -2,8 +2,6 @@
 #include "commands/Commands.h"
 #include "reports/ProfileReport.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
@@ -20,14 +18,14 @@ void list(Context& context, const ListArguments& arguments) {
 } // namespace
 
 void addListCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "list", "List the profiles of a source",
-                                   "list profiles.json\n"
-                                   "list factory --json\n"
-                                   "list https://processing.example/ --key-file key.txt");
+    const Command command = addCommand(application, "list", "List the profiles of a source",
+                                       "list profiles.json\n"
+                                       "list factory --json\n"
+                                       "list https://processing.example/ --key-file key.txt");
     const auto arguments = std::make_shared<ListArguments>();
     addSource(command, arguments->source);
-    command.add_flag("--json", arguments->asJson, "Print JSON");
-    command.callback([&context, arguments] { list(context, *arguments); });
+    command.addFlag("--json", arguments->asJson, "Print JSON");
+    command.run([&context, arguments] { list(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -4,8 +4,6 @@
 #include "documents/ProfileId.h"
 #include "reports/ProfileReport.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
@@ -13,15 +11,25 @@ struct ShowArguments {
     Source source;
     std::string id;
     bool asJson = false;
+    bool asDocument = false;
 };
+
+std::string makeReport(const Context& context, const ShowArguments& arguments, Profile profile,
+                       unsigned int index) {
+    if (arguments.asDocument) {
+        ProfileList list;
+        list.add(profile);
+        return context.documents.serializer->serialize(list) + '\n';
+    }
+    return arguments.asJson ? makeJsonReport(profile, index) : makeTextReport(profile, index);
+}
 
 void show(Context& context, const ShowArguments& arguments) {
     const unsigned int id = parseId(arguments.id);
     unsigned int index = 0;
     for (const Profile& profile : readSource(context.documents, arguments.source)) {
         if (profile.getId() == id) {
-            context.console.print(arguments.asJson ? makeJsonReport(profile, index)
-                                                   : makeTextReport(profile, index));
+            context.console.print(makeReport(context, arguments, profile, index));
             return;
         }
         ++index;
@@ -32,14 +40,20 @@ void show(Context& context, const ShowArguments& arguments) {
 } // namespace
 
 void addShowCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "show", "Show a profile with all of its parameters",
-                                   "show profiles.json 88\n"
-                                   "show factory 88 --json");
+    const Command command = addCommand(application, "show", "Show a profile with all of its parameters",
+                                       "show profiles.json 88\n"
+                                       "show factory 88 --json\n"
+                                       "show factory 88 --document > profile.json");
     const auto arguments = std::make_shared<ShowArguments>();
     addSource(command, arguments->source);
-    command.add_option("ID", arguments->id, "The id of the profile")->required()->check(checkId);
-    command.add_flag("--json", arguments->asJson, "Print JSON");
-    command.callback([&context, arguments] { show(context, *arguments); });
+    command.addArgument("ID", arguments->id, "The id of the profile", checkId);
+    command.addFlag("--json", arguments->asJson,
+                    "Print JSON with the range, default and presets of every parameter, and its \"query\": "
+                    "its path for jq; \"add\" takes what --document prints");
+    command.addFlag("--document", arguments->asDocument,
+                    "Print the profile as a document, which \"add\" takes");
+    command.exclude("--json", "--document");
+    command.run([&context, arguments] { show(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -9,8 +9,6 @@
 #include "reports/ChangeReport.h"
 #include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <filesystem>
 #include <system_error>
 
@@ -23,16 +21,15 @@ struct UpgradeArguments {
     std::string file;
     unsigned int from = 0; ///< 0: determined from the document
     unsigned int to = DocumentVersions::getCurrent();
-    bool dryRun = false;
     bool noBackup = false;
-    LockWait wait;
+    ChangeOptions options;
 };
 
 /// Runs the steps on the text in memory and prints a paragraph for each.
 std::string upgraded(Context& context, const UpgradeArguments& arguments, unsigned int from,
                      const std::string& text) {
     const auto draft = std::make_shared<DraftTextFileStorage>(text);
-    const Tense tense = arguments.dryRun ? Tense::WouldBe : Tense::Done;
+    const Tense tense = arguments.options.dryRun ? Tense::WouldBe : Tense::Done;
     for (unsigned int version = from + 1; version <= arguments.to; ++version) {
         const std::string report = makeStepReport(draft->read(arguments.file), version, tense);
         try {
@@ -98,12 +95,14 @@ void upgradeFrom(Context& context, const UpgradeArguments& arguments, unsigned i
     checkReadable(context, arguments, newText);
     const std::string backup =
         arguments.noBackup ? std::string() : chooseBackup(context, arguments, from, text);
-    if (arguments.dryRun) {
+    if (arguments.options.dryRun) {
         context.console.print("nothing was changed: this was a dry run\n");
         return;
     }
     if (!backup.empty())
         makeBackup(context, arguments.file, backup, text);
+    if (arguments.options.backup)
+        keepBackup(context.documents, arguments.file);
     context.documents.textFiles->write(arguments.file, newText);
     context.console.print(printable(arguments.file) + " is now version " + std::to_string(arguments.to) +
                           (backup.empty() ? "" : "; the original was kept as " + printable(backup)) + '\n');
@@ -142,9 +141,9 @@ void upgrade(Context& context, const UpgradeArguments& arguments) {
         about(arguments.file,
               [&] { upgradeText(context, arguments, context.documents.textFiles->read(arguments.file)); });
     };
-    if (arguments.dryRun)
+    if (arguments.options.dryRun)
         return readAndUpgrade();
-    const FileLock lock = lockFile(arguments.file, arguments.wait);
+    const FileLock lock = lockFile(arguments.file, arguments.options);
     readAndUpgrade();
 }
 
@@ -156,7 +155,7 @@ std::string describeRange(unsigned int first, unsigned int last) {
 } // namespace
 
 void addUpgradeCommand(CLI::App& application, Context& context) {
-    CLI::App& command =
+    const Command command =
         addCommand(application, "upgrade", "Convert a file of an earlier release to a later document version",
                    "upgrade old.json --dry-run\n"
                    "upgrade old.json\n"
@@ -164,25 +163,17 @@ void addUpgradeCommand(CLI::App& application, Context& context) {
     const unsigned int first = DocumentVersions::getFirst();
     const unsigned int current = DocumentVersions::getCurrent();
     const auto arguments = std::make_shared<UpgradeArguments>();
-    command.add_option("FILE", arguments->file, "The file to upgrade")->required();
-    command
-        .add_option("--from", arguments->from,
-                    "The version of the file, " + describeRange(first, current) +
-                        " (default: determined from its sections)")
-        ->check(CLI::Range(first, current))
-        ->option_text("N");
-    command
-        .add_option("--to", arguments->to,
-                    "The version to convert to, " + describeRange(first + 1, current) +
-                        " (default: " + std::to_string(current) + ")")
-        ->check(CLI::Range(first + 1, current))
-        ->option_text("M");
-    command.add_flag("--dry-run", arguments->dryRun,
-                     "Print what each step would replace, and change nothing");
-    command.add_flag("--no-backup", arguments->noBackup,
-                     "Do not keep the original, version N, as FILE.vN.bak");
-    addWait(command, arguments->wait);
-    command.callback([&context, arguments] { upgrade(context, *arguments); });
+    command.addArgument("FILE", arguments->file, "The file to upgrade");
+    command.addOption("--from", "N", arguments->from, {first, current},
+                      "The version of the file, " + describeRange(first, current) +
+                          " (default: determined from its sections)");
+    command.addOption("--to", "M", arguments->to, {first + 1, current},
+                      "The version to convert to, " + describeRange(first + 1, current) +
+                          " (default: " + std::to_string(current) + ")");
+    command.addFlag("--no-backup", arguments->noBackup,
+                    "Do not keep the original, version N, as FILE.vN.bak");
+    addWriteOptions(command, arguments->options);
+    command.run([&context, arguments] { upgrade(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

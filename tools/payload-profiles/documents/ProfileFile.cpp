@@ -2,11 +2,12 @@
 
 #include "documents/Failure.h"
 #include "documents/FollowLinks.h"
+#include "documents/ReadDocument.h"
 #include "documents/Source.h"
-#include "norel/Desktop/Domain/Payloads/ProfileListFileStorage.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/GetProfileListFromStorage.h"
 #include "terminal/Text.h"
 
+#include <chrono>
 #include <system_error>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -14,28 +15,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::shared_ptr<ProfileListStorage> openStorage(const DocumentAccess& documents, const std::string& file) {
-    return about(file, [&] {
-        return std::make_shared<ProfileListFileStorage>(file, documents.textFiles, documents.serializer);
-    });
-}
-
-FileLock lockExpected(const std::string& file, FileToChange::Expected expected, std::chrono::seconds wait) {
+std::unique_ptr<const FileLock> lockExpected(const std::string& file, FileToChange::Expected expected,
+                                             const ChangeOptions& options) {
+    requireChangeable(file);
     if (expected == FileToChange::Expected::File)
         requireFile(file);
-    return lockFile(file, wait);
+    if (options.dryRun)
+        return nullptr;
+    return std::unique_ptr<const FileLock>(new FileLock(lockFile(file, options))); // cannot be moved
 }
 
-/// Null where the file is missing and may be.
-std::shared_ptr<ProfileListStorage> openExpected(const DocumentAccess& documents, const std::string& file,
-                                                 FileToChange::Expected expected) {
+/// Whether the file exists, after it has been locked.
+bool findExpected(const std::string& file, FileToChange::Expected expected) {
     using Expected = FileToChange::Expected;
     if (expected == Expected::File)
-        requireFile(file); // once more: it may have gone before it was locked
+        requireFile(file); // once more: it may have been removed before it was locked
     if (expected == Expected::Nothing)
         requireNoFile(file);
-    const bool exists = about(file, [&] { return fs::exists(file); });
-    return exists ? openStorage(documents, file) : nullptr;
+    return about(file, [&] { return fs::exists(file); });
 }
 
 } // namespace
@@ -53,9 +50,9 @@ void requireNoFile(const std::string& file) {
     });
 }
 
-std::shared_ptr<ProfileListStorage> openFile(const DocumentAccess& documents, const std::string& file) {
+ProfileList readFile(const DocumentAccess& documents, const std::string& file) {
     requireFile(file);
-    return openStorage(documents, file);
+    return about(file, [&] { return readDocument(*documents.serializer, documents.textFiles->read(file)); });
 }
 
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage) {
@@ -68,34 +65,59 @@ void requireChangeable(const std::string& file) {
         throw Failure(source.getName(), "this is a source that cannot be changed");
 }
 
-FileLock lockFile(const std::string& file, std::chrono::seconds wait) {
+FileLock lockFile(const std::string& file, const ChangeOptions& options) {
     requireChangeable(file);
     return about(file, [&] {
         try {
-            return FileLock(file, wait);
+            return FileLock(file, std::chrono::seconds(options.waitSeconds));
         } catch (const FileLock::TimedOut& error) {
-            const auto seconds = static_cast<std::size_t>(wait.count());
-            throw Failure(file, std::string(error.what()) + " after " + counted(seconds, "second") +
-                                    "; --wait SECONDS waits longer");
+            throw Failure(file, std::string(error.what()) + " after " +
+                                    counted(options.waitSeconds, "second") + "; --wait SECONDS waits longer");
         }
     });
 }
 
+void keepBackup(const DocumentAccess& documents, const std::string& file) {
+    const std::string backup = file + ".bak";
+    about(backup, [&] {
+        const std::string text = documents.textFiles->read(file);
+        if (fs::exists(fs::symlink_status(backup)))
+            documents.textFiles->remove(backup); // a link itself, not what it leads to
+        documents.textFiles->create(backup, text, file);
+    });
+}
+
 FileToChange::FileToChange(const DocumentAccess& access, const std::string& name, Expected expected,
-                           std::chrono::seconds wait)
+                           const ChangeOptions& changeOptions)
     : documents(access),
       file(name),
-      lock(lockExpected(name, expected, wait)),
-      storage(openExpected(access, name, expected)) {}
+      options(changeOptions),
+      lock(lockExpected(name, expected, options)),
+      exists(findExpected(name, expected)) {}
 
-ProfileList FileToChange::read() const { return storage ? readProfiles(file, storage) : ProfileList(); }
+ProfileList FileToChange::read() const {
+    if (!exists)
+        return {};
+    return about(file, [&] {
+        const std::string text = documents.textFiles->read(file);
+        const ProfileList list = readDocument(*documents.serializer, text);
+        if (!options.dropUnknown)
+            requireNothingDropped(text);
+        return list;
+    });
+}
 
 void FileToChange::write(const ProfileList& list) const {
+    if (options.dryRun)
+        return;
+    if (exists && options.backup)
+        keepBackup(documents, file);
     about(file, [&] {
-        if (storage)
-            storage->write(list);
+        const std::string text = documents.serializer->serialize(list);
+        if (exists)
+            documents.textFiles->write(file, text);
         else // never replaces what another process has just made
-            documents.textFiles->create(followLinks(file), documents.serializer->serialize(list));
+            documents.textFiles->create(followLinks(file), text);
     });
 }
 

@@ -4,7 +4,6 @@
 #include "documents/FileLock.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
 
-#include <chrono>
 #include <memory>
 #include <string>
 
@@ -16,9 +15,8 @@ void requireFile(const std::string& file);
 /// Throws Failure when anything exists at the path, even a symbolic link that leads nowhere.
 void requireNoFile(const std::string& file);
 
-/// The profile list of an existing file. Throws Failure; does not create a missing file, as the constructor
-/// of a file storage would.
-std::shared_ptr<ProfileListStorage> openFile(const DocumentAccess& documents, const std::string& file);
+/// The profile list of an existing file. Throws Failure.
+ProfileList readFile(const DocumentAccess& documents, const std::string& file);
 
 /// The list of a storage; errors become a Failure of `subject`.
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage);
@@ -26,22 +24,36 @@ ProfileList readProfiles(const std::string& subject, const std::shared_ptr<Profi
 /// Throws Failure for a source that cannot be changed.
 void requireChangeable(const std::string& file);
 
+/// How a command changes a file.
+struct ChangeOptions {
+    unsigned int waitSeconds = 10; ///< for a file that another process changes
+    bool dryRun = false;           ///< do everything but write
+    bool backup = false;           ///< keep the previous text
+    bool dropUnknown = false;      ///< write even if that drops members that are not known
+};
+
 /// The lock that a command holds from before it reads a file until after it has written it. Throws Failure
 /// when the file is still locked after the wait, and for a source that cannot be changed.
-FileLock lockFile(const std::string& file, std::chrono::seconds wait);
+FileLock lockFile(const std::string& file, const ChangeOptions& options);
 
-/// A file that a command reads, changes and writes under one lock. All operations throw Failure.
+/// Keeps the text of an existing file as FILE.bak, with the access of the file. A previous FILE.bak is
+/// replaced. Throws Failure.
+void keepBackup(const DocumentAccess& documents, const std::string& file);
+
+/// A file that a command reads, changes and writes under one lock; in a dry run it is neither locked nor
+/// written. All operations throw Failure.
 class FileToChange {
 public:
     /// What must exist at the path. A missing file is an empty list; writing creates it.
     enum class Expected { Anything, File, Nothing };
 
     FileToChange(const DocumentAccess& access, const std::string& name, Expected expected,
-                 std::chrono::seconds wait);
+                 const ChangeOptions& changeOptions);
 
     FileToChange(const FileToChange&) = delete;
     FileToChange& operator=(const FileToChange&) = delete;
 
+    /// Refuses a document with members that would be dropped, unless the options allow it.
     ProfileList read() const;
     /// At most once.
     void write(const ProfileList& list) const;
@@ -49,8 +61,9 @@ public:
 private:
     const DocumentAccess& documents;
     std::string file;
-    FileLock lock;
-    std::shared_ptr<ProfileListStorage> storage; ///< null for a missing file
+    ChangeOptions options;
+    std::unique_ptr<const FileLock> lock; ///< null in a dry run
+    bool exists;
 };
 
 } // namespace norel::Desktop::PayloadProfiles

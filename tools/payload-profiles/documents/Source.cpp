@@ -17,6 +17,9 @@
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
+using Networking::Http::CurlHttpClient;
+using Networking::Http::HttpClient;
+
 /// Not read through the text file store, which refuses pipes: a key may come from one.
 std::string readKeyFile(const std::string& name) {
     constexpr std::size_t limit = 65536;
@@ -70,19 +73,50 @@ std::string findPassword(const Source& source) {
     return source.location.substr(begin, at - begin);
 }
 
+/// Keeps what is asked and the status of the answer, for messages.
+class ObservedClient : public HttpClient {
+public:
+    explicit ObservedClient(const CurlHttpClient::Options& options) : client(options) {}
+
+    Response send(const Request& request) override {
+        url = request.url;
+        const Response response = client.send(request);
+        status = response.statusCode;
+        return response;
+    }
+
+    std::string url;
+    std::uint32_t status = 0; ///< 0 without an answer
+
+private:
+    CurlHttpClient client;
+};
+
+/// What the user can do about the status of an answer; begins with a space.
+std::string makeAdvice(const ObservedClient& client, bool hasKey) {
+    const std::string either = "--key-file or the environment variable PAYLOAD_PROFILES_KEY";
+    if (client.status == 401)
+        return hasKey ? " The service refused the key from " + either + '.'
+                      : " The service requires a key; give it with " + either + '.';
+    if (client.status == 404)
+        return " The address that was asked is " + Source{client.url, {}}.getName() + '.';
+    return {};
+}
+
 ProfileList readAddress(const DocumentAccess& documents, const Source& source, const std::string& key) {
     const std::string baseUrl = source.location + (source.location.back() == '/' ? "" : "/");
     const auto progress = std::make_shared<Progress>();
-    Networking::Http::CurlHttpClient::Options options;
+    CurlHttpClient::Options options;
     options.progress = [progress, name = printable(source.getName())](std::uint64_t receivedBytes) {
         progress->show("read " + std::to_string(receivedBytes / 1024) + " KiB from " + name);
     };
-    const auto client = std::make_shared<Networking::Http::CurlHttpClient>(options);
+    const auto client = std::make_shared<ObservedClient>(options);
     try {
         return readProfiles(source.getName(), std::make_shared<ProfileListHttpStorage>(baseUrl, client, key,
                                                                                        documents.serializer));
     } catch (const Failure& failure) { // which may quote a document where the server repeats them
-        throw Failure(failure.subject, Text::masked(Text::masked(failure.what(), key), findPassword(source)));
+        const std::string message = failure.what() + makeAdvice(*client, !key.empty());
+        throw Failure(failure.subject, Text::masked(Text::masked(message, key), findPassword(source)));
     }
 }
 
@@ -109,7 +143,7 @@ ProfileList readSource(const DocumentAccess& documents, const Source& source) {
     if (source.isBuiltIn())
         return readProfiles(source.getName(), std::make_shared<ProfileListDefaultProductsStorage>());
     if (!source.isAddress())
-        return readProfiles(source.getName(), openFile(documents, source.location));
+        return readFile(documents, source.location);
     return about(source.getName(), [&] {
         checkAddress(source);
         return readAddress(documents, source, readKey(source));

@@ -1,0 +1,118 @@
+#include "commands/Command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <sstream>
+
+namespace norel::Desktop::PayloadProfiles {
+namespace {
+
+ArgumentSyntax describe(const CLI::Option& option) {
+    ArgumentSyntax syntax;
+    if (option.get_positional())
+        syntax.names.push_back(option.get_name(true, false));
+    for (const std::string& name : option.get_snames())
+        syntax.names.push_back('-' + name);
+    for (const std::string& name : option.get_lnames())
+        syntax.names.push_back("--" + name);
+    syntax.value = option.get_option_text();
+    syntax.description = option.get_description();
+    syntax.isRequired = option.get_required();
+    syntax.takesSeveral = option.get_expected_max() > 1;
+    return syntax;
+}
+
+std::string nameOf(const CLI::App& parser) {
+    return (parser.get_parent() == nullptr ? "" : nameOf(*parser.get_parent()) + ' ') + parser.get_name();
+}
+
+void addCheck(CLI::Option& option, Command::Check check) {
+    if (check != nullptr)
+        option.check(check);
+}
+
+} // namespace
+
+void Command::addArgument(const std::string& name, std::string& value, const std::string& description,
+                          Check check) const {
+    addCheck(*parser.add_option(name, value, description)->required(), check);
+}
+
+void Command::addOptionalArgument(const std::string& name, std::string& value,
+                                  const std::string& description) const {
+    parser.add_option(name, value, description);
+}
+
+void Command::addArguments(const std::string& name, std::vector<std::string>& values,
+                           const std::string& description, Check check) const {
+    addCheck(*parser.add_option(name, values, description)->required(), check);
+}
+
+void Command::addOption(const std::string& name, const std::string& valueName, std::string& value,
+                        const std::string& description) const {
+    parser.add_option(name, value, description)->option_text(valueName);
+}
+
+void Command::addOption(const std::string& name, const std::string& valueName,
+                        std::optional<std::string>& value, const std::string& description) const {
+    parser
+        .add_option_function<std::string>(
+            name, [&value](const std::string& text) { value = text; }, description)
+        ->option_text(valueName);
+}
+
+void Command::addOption(const std::string& name, const std::string& valueName, unsigned int& value,
+                        const std::string& description) const {
+    parser.add_option(name, value, description)->option_text(valueName);
+}
+
+void Command::addOption(const std::string& name, const std::string& valueName, unsigned int& value,
+                        std::pair<unsigned int, unsigned int> range, const std::string& description) const {
+    parser.add_option(name, value, description)
+        ->check(CLI::Range(range.first, range.second))
+        ->option_text(valueName);
+}
+
+void Command::addFlag(const std::string& name, bool& value, const std::string& description) const {
+    parser.add_flag(name, value, description);
+}
+
+void Command::exclude(const std::string& option, const std::string& otherOption) const {
+    parser.get_option(option)->excludes(parser.get_option(otherOption));
+}
+
+void Command::hide() const { parser.group(""); }
+
+void Command::run(std::function<void()> action) const { parser.callback(std::move(action)); }
+
+Command addCommand(CLI::App& application, const std::string& name, const std::string& description,
+                   const std::string& examples) {
+    CLI::App& parser = *application.add_subcommand(name, description);
+    std::string commandLines;
+    std::istringstream lines(examples);
+    for (std::string line; std::getline(lines, line);)
+        commandLines += application.get_name() + ' ' + line + '\n';
+    parser.footer(commandLines);
+    return parser;
+}
+
+CommandSyntax describe(const CLI::App& parser) {
+    CommandSyntax syntax;
+    syntax.name = nameOf(parser);
+    syntax.description = parser.get_description();
+    std::istringstream lines(parser.get_footer());
+    const bool isCommand = parser.get_parent() != nullptr; // whose footer is its examples
+    for (std::string line; isCommand && std::getline(lines, line);)
+        syntax.examples.push_back(line);
+    if (!isCommand)
+        syntax.notes = parser.get_footer();
+    for (const CLI::Option* option : parser.get_options())
+        if (!option->get_group().empty())
+            (option->get_positional() ? syntax.positionals : syntax.options).push_back(describe(*option));
+    for (const CLI::App* command : parser.get_subcommands({}))
+        if (!command->get_group().empty())
+            syntax.commands.push_back(describe(*command));
+    return syntax;
+}
+
+} // namespace norel::Desktop::PayloadProfiles

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "reports/CommandSyntax.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace norel::Desktop::PayloadProfiles {
+
+/// Declares the arguments of a command; a reference to the parser's command. The variables that the arguments
+/// are stored in must live as long as the parser.
+class Command {
+public:
+    /// Why a value is invalid; empty when it is valid.
+    using Check = std::string (*)(const std::string& value);
+
+    Command(CLI::App& parserOfCommand) : parser(parserOfCommand) {}
+
+    operator CLI::App&() const { return parser; }
+
+    void addArgument(const std::string& name, std::string& value, const std::string& description,
+                     Check check = nullptr) const;
+    /// May be left out.
+    void addOptionalArgument(const std::string& name, std::string& value,
+                             const std::string& description) const;
+    /// At least one value.
+    void addArguments(const std::string& name, std::vector<std::string>& values,
+                      const std::string& description, Check check = nullptr) const;
+
+    /// An option with a value. `valueName` is what the help calls the value.
+    void addOption(const std::string& name, const std::string& valueName, std::string& value,
+                   const std::string& description) const;
+    void addOption(const std::string& name, const std::string& valueName, std::optional<std::string>& value,
+                   const std::string& description) const;
+    void addOption(const std::string& name, const std::string& valueName, unsigned int& value,
+                   const std::string& description) const;
+    /// A number in a range, both inclusive.
+    void addOption(const std::string& name, const std::string& valueName, unsigned int& value,
+                   std::pair<unsigned int, unsigned int> range, const std::string& description) const;
+
+    void addFlag(const std::string& name, bool& value, const std::string& description) const;
+
+    /// Forbids using both options in one command line.
+    void exclude(const std::string& option, const std::string& otherOption) const;
+
+    /// Leaves the command out of help and completion.
+    void hide() const;
+
+    /// The function that the command runs. A Failure of it is shown to the user.
+    void run(std::function<void()> action) const;
+
+private:
+    CLI::App& parser;
+};
+
+/// Adds a command to the application. `examples` are command lines without the application's name, one per
+/// line.
+Command addCommand(CLI::App& application, const std::string& name, const std::string& description,
+                   const std::string& examples);
+
+/// The syntax of the application with all of its visible commands, or of a command.
+CommandSyntax describe(const CLI::App& parser);
+
+} // namespace norel::Desktop::PayloadProfiles
