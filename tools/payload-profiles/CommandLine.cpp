@@ -66,7 +66,7 @@ void concealPasswords(Console& console, int argumentCount, const char* const* ar
 std::string reasonOf(const CLI::App& application, const CLI::ParseError& error) {
     const std::vector<CLI::App*> chosen = application.get_subcommands();
     for (const std::string& word : application.remaining(true))
-        if (word.size() > 1 && word.starts_with('-'))
+        if (word.size() > 1 && word.starts_with('-') && word != "--")
             return describeUnknownOption(describe(chosen.empty() ? application : *chosen.front()), word);
     const std::vector<std::string> rest = application.remaining();
     return chosen.empty() && !rest.empty() ? describeUnknownCommand(describe(application), rest.front())

@@ -127,10 +127,11 @@ std::string makeShortHelp(const CommandSyntax& application) {
 }
 
 std::string makeManual(const CommandSyntax& application, const std::string& version) {
-    std::string page =
-        ".TH PAYLOAD\\-PROFILES 1 \"\" \"" + toManual(version) + "\" \"User Commands\"\n.SH NAME\n" +
-        toManual(application.name) + " \\- manages the payload profiles in a file\n.SH SYNOPSIS\n.B " +
-        toManual(application.getUsage()) + "\n.SH DESCRIPTION\n" + toManual(application.description) + '\n';
+    std::string page = ".TH PAYLOAD\\-PROFILES 1 \"\" \"" + toManual(version) +
+                       "\" \"User Commands\"\n.SH NAME\n" + toManual(application.name) +
+                       " \\- manages the payload profiles in a file\n.SH SYNOPSIS\n.B " +
+                       toManual(application.getUsage()) + "\n.SH DESCRIPTION\n" +
+                       toManual(application.description) + "\n.PP\n";
     std::istringstream paragraphs(application.notes);
     for (std::string paragraph; std::getline(paragraphs, paragraph);)
         page += paragraph.empty() ? ".PP\n" : toManual(paragraph) + '\n';

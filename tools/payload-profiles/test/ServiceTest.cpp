@@ -20,6 +20,7 @@ protected:
             else
                 response.status = 401;
         });
+        server.Get(std::string("/empty") + RESOURCE, [](const auto&, auto&) {});
         server.Get(std::string("/bad") + RESOURCE,
                    [](const auto&, auto& response) { response.set_content("[\x1b", "text/plain"); });
         server.Get(std::string("/echo") + RESOURCE, [](const auto&, auto& response) {
@@ -73,6 +74,17 @@ TEST_F(ServiceTest, ReplacesAnExistingFileOnlyWithForce) {
     EXPECT_EQ(read("p.json"), "mine");
     expect(fetch + " --force", 0, "saved 1 profile to p.json\n");
     expect("validate p.json", 0, "");
+    const std::string empty = "fetch " + address("/empty/") + " ";
+    const std::string noProfiles =
+        "nothing was saved: the service has no profiles; --force saves an empty list";
+    expect(empty + "p.json", 2, "", failure("p.json", "the file already exists; --force replaces it"));
+    expect(empty + "new.json", 2, "", failure(address("/empty/"), noProfiles));
+    const std::string before = read("p.json");
+    expect(empty + "p.json --force --dry-run --backup", 0, "would save 0 profiles to p.json\n");
+    EXPECT_EQ(listFiles(), "key.txt p.json ");
+    expect(empty + "p.json --force --backup", 0, "saved 0 profiles to p.json\n");
+    EXPECT_EQ(read("p.json"), "[]");
+    EXPECT_EQ(read("p.json.bak"), before);
 }
 
 TEST_F(ServiceTest, ShowsNoPasswordOfAMistypedAddress) {
@@ -110,8 +122,13 @@ TEST_F(ServiceTest, WritesNothingWhenTheServiceFails) {
                                 "http://127.0.0.1:1/api/processing/v1/payload: cannot connect: Connection "
                                 "refused\".";
     const std::array<std::string, 3> cases[] = {
-        {address("/"), address("/"), unsuccessful + "401."},
-        {address("/gone"), address("/gone"), unsuccessful + "404, body \"no \\u001b[31msuch page\"."},
+        {address("/"), address("/"),
+         unsuccessful +
+             "401. The service requires a key; give it with --key-file or the environment variable "
+             "PAYLOAD_PROFILES_KEY."},
+        {address("/gone"), address("/gone"),
+         unsuccessful + "404, body \"no \\u001b[31msuch page\". The address that was asked is " +
+             address("/gone") + RESOURCE + '.'},
         {address("/bad/"), address("/bad/"),
          "[json.exception.parse_error.101] parse error at line 1, column 2: syntax error while parsing value "
          "- "
@@ -133,6 +150,10 @@ TEST_F(ServiceTest, WritesNothingWhenTheServiceFails) {
                    "[json.exception.parse_error.101] parse error at line 1, column 19: syntax error while "
                    "parsing value - invalid string: missing closing quote; last read: '\"*** ***'"),
            "PAYLOAD_PROFILES_KEY=the-key");
+    expect("list " + address("/"), 2, "",
+           failure(address("/"), unsuccessful + "401. The service refused the key from --key-file or the "
+                                                "environment variable PAYLOAD_PROFILES_KEY."),
+           "PAYLOAD_PROFILES_KEY=other");
     write("key.txt", "");
     expect("list --key-file key.txt " + address("/"), 2, "",
            failure("key.txt", "the key file must contain exactly one word"));

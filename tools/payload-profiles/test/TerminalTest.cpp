@@ -53,6 +53,9 @@ TEST_F(TerminalTest, FitsItsOutputToTheTerminalAlone) {
         EXPECT_EQ(piped.find('\x1b'), std::string::npos);
         EXPECT_LE(findWidth(text), columns);
         EXPECT_EQ(text == piped, findWidth(piped) <= columns);
+        EXPECT_EQ(text.find("SERIAL") == std::string::npos &&
+                      text.find("Korvane Gamma Reach") != std::string::npos,
+                  std::string(command).starts_with("list") && columns == 80);
     }
 }
 
