@@ -303,7 +303,7 @@ TEST_F(ApplicationTest, RejectsAnInvalidCommandLine) {
         return "payload-profiles: " + message + "\npayload-profiles: see payload-profiles" + command +
                " --help\n";
     };
-    expect("--", 2, "", wrong("A subcommand is required", ""));
+    expect("--", 2, "", wrong("there is no command \"--\"", ""));
     const std::string longName(10000, 'a');
     expect(longName, 2, "", wrong("there is no command \"" + longName.substr(21) + "...", ""));
     expect("lst p.json", 2, "", wrong("there is no command \"lst\"; did you mean \"list\"?", ""));
