@@ -57,7 +57,7 @@ void concealPasswords(Console& console, int argumentCount, const char* const* ar
         const Source value{isOption ? argument.substr(argument.find('=') + 1) : argument, {}};
         console.conceal(value.location, value.getName());
         const Source fileName{std::filesystem::path(value.location).filename().string(), {}};
-        console.conceal(fileName.location, fileName.getName()); // which other names may be made of
+        console.conceal(fileName.location, fileName.getName()); // a lock file's name may contain it
     }
 }
 

@@ -69,7 +69,7 @@ Profile readProfile(const Context& context, const AddArguments& arguments) {
     });
 }
 
-/// Whether two profiles with the same id are evidently states of one: the product is the same and so is the
+/// Whether two profiles with the same id are versions of one profile: the product is the same and so is the
 /// serial number, or the name where a serial number is missing.
 bool isSameProfile(const Profile& a, const Profile& b) {
     if (a.getProduct() != b.getProduct())
@@ -84,7 +84,7 @@ std::string describeWithProduct(const Profile& profile) {
            inQuotes(profile.getSerialNumber()) + ')';
 }
 
-/// Throws when adding the profile would replace another one without having been asked to.
+/// Throws when adding the profile would replace another one, unless --replace is given.
 void requireReplaceable(const AddArguments& arguments, const Profile& stored, const Profile& profile) {
     const std::string nothing = "nothing was added: ";
     if (profile.getId() == Profile::ID_IS_UNASSIGNED) // the list assigns it after 4294967294

@@ -60,8 +60,8 @@ void checkReadable(const Context& context, const UpgradeArguments& arguments, co
     }
 }
 
-/// The text of an existing backup, empty when there is none. An empty file is what an interrupted upgrade may
-/// leave, and no backup.
+/// The text of an existing backup, empty when there is none. An empty file, which an interrupted upgrade may
+/// leave, does not count as one.
 std::string readBackup(const Context& context, const std::string& backup) {
     return fs::exists(backup) ? context.documents.textFiles->read(backup) : "";
 }
@@ -80,11 +80,11 @@ std::string chooseBackup(const Context& context, const UpgradeArguments& argumen
     return backup;
 }
 
-/// The backup has at most the readers of the original at any time.
+/// Nobody who cannot read the original can read the backup, at any time.
 void makeBackup(const Context& context, const std::string& file, const std::string& backup,
                 const std::string& text) {
     if (!readBackup(context, backup).empty())
-        return; // it has the same text
+        return; // the existing backup has the same text
     fs::remove(backup);
     context.documents.textFiles->create(backup, text, file);
 }

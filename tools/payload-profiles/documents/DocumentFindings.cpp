@@ -59,7 +59,8 @@ private:
             const std::string step = isObject ? readString() : '[' + std::to_string(index) + ']';
             if (isObject && next() == ':')
                 ++at;
-            const std::string child = path.empty() ? step : path + '.' + step;
+            std::string child = path.empty() ? "" : path + '.';
+            child += step;
             places.push_back({child, path, lineOfChild, next() == 'n'});
             readValue(child);
             if (next() == ',')

@@ -9,7 +9,7 @@ namespace norel::Desktop::PayloadProfiles {
 
 /// An advisory lock on a file, which need not exist. It excludes other processes that use this class, by
 /// whatever symbolic links they reach the file, and does not prevent any other access. It stays valid when
-/// the file is replaced, and ends with the process at the latest.
+/// the file is replaced, and is released when the process ends.
 ///
 /// While it is held, the folder contains a second file, ".NAME.norel-lock". A killed process may leave that
 /// file behind; it locks nothing then, and the next holder removes it. In a folder that the caller may not

@@ -5,7 +5,7 @@
 namespace norel::Desktop::PayloadProfiles {
 
 /// Where a chain of symbolic links ends, whether or not anything exists there. Throws std::system_error for
-/// links that lead in a circle.
+/// circular links.
 std::filesystem::path followLinks(const std::filesystem::path& path);
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -100,7 +100,7 @@ ProfileList FileToChange::read() const {
         return {};
     return about(file, [&] {
         const std::string text = documents.textFiles->read(file);
-        const ProfileList list = readDocument(*documents.serializer, text);
+        ProfileList list = readDocument(*documents.serializer, text);
         if (!options.dropUnknown)
             requireNothingDropped(text);
         return list;

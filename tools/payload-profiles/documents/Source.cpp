@@ -80,7 +80,7 @@ public:
 
     Response send(const Request& request) override {
         url = request.url;
-        const Response response = client.send(request);
+        Response response = client.send(request);
         status = response.statusCode;
         return response;
     }
@@ -114,7 +114,7 @@ ProfileList readAddress(const DocumentAccess& documents, const Source& source, c
     try {
         return readProfiles(source.getName(), std::make_shared<ProfileListHttpStorage>(baseUrl, client, key,
                                                                                        documents.serializer));
-    } catch (const Failure& failure) { // which may quote a document where the server repeats them
+    } catch (const Failure& failure) { // which may quote secrets that the server repeats
         const std::string message = failure.what() + makeAdvice(*client, !key.empty());
         throw Failure(failure.subject, Text::masked(Text::masked(message, key), findPassword(source)));
     }

@@ -9,7 +9,7 @@
 namespace norel::Desktop::PayloadProfiles::Terminal {
 
 /// Makes writing to a closed pipe, or beyond the limit on a file's size, fail instead of ending the process
-/// with a signal. Keeps the number of a closed standard stream from being given to a file. To be called
+/// with a signal. Prevents files from getting the descriptor of a closed standard stream. Must be called
 /// before anything else.
 void prepareStandardStreams();
 

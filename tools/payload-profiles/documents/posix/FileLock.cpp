@@ -116,7 +116,7 @@ FileLock::FileLock(const fs::path& file, std::chrono::seconds wait)
         const auto waited = Clock::now() - start;
         if (waited >= wait)
             throw TimedOut("still locked by " + describeHolder(lockFile));
-        // Who has waited longer asks more often, and so has a better chance.
+        // The longer a process has waited, the more often it tries, so that it gets the lock sooner.
         std::this_thread::sleep_for(std::chrono::microseconds(20000) /
                                     (1 + waited / std::chrono::seconds(1)));
     }
