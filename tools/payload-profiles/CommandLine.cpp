@@ -25,7 +25,7 @@ constexpr const char* NOTES =
     "service (http://..., https://...). Write \"./factory\" for a file of that name. The key of the web "
     "service is read from --key-file or from the environment variable PAYLOAD_PROFILES_KEY.\n"
     "\n"
-    "Exit codes: 0 success, 1 validate found an invalid file, 2 error.\n"
+    "Exit codes: 0 success, 1 validate found an invalid file or diff a difference, 2 error.\n"
     "\n"
     "See payload-profiles COMMAND --help for details and examples.";
 

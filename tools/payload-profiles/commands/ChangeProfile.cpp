@@ -7,19 +7,17 @@
 #include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
 #include "reports/DifferenceReport.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 
-void addProfileToChange(CLI::App& command, ProfileToChange& profile) {
-    command.add_option("FILE", profile.file, "The file to change")->required();
-    command.add_option("ID", profile.id, "The id of the profile")->required()->check(checkId);
-    addWait(command, profile.wait);
+void addProfileToChange(Command command, ProfileToChange& profile) {
+    command.addArgument("FILE", profile.file, "The file to change");
+    command.addArgument("ID", profile.id, "The id of the profile", checkId);
+    addChangeOptions(command, profile.options);
 }
 
 void changeProfile(Context& context, const ProfileToChange& target,
                    const std::function<Profile(const Profile&)>& change) {
-    const FileToChange file(context.documents, target.file, FileToChange::Expected::File, target.wait);
+    const FileToChange file(context.documents, target.file, FileToChange::Expected::File, target.options);
     const ProfileList list = file.read();
     const unsigned int id = parseId(target.id);
     if (!list.existById(id))
@@ -38,7 +36,7 @@ void changeProfile(Context& context, const ProfileToChange& target,
         context.console.print("unchanged " + describe(before) + '\n');
         return;
     }
-    const std::string report = "changed " + describe(before) + '\n' + makeChangeLines(before, after);
+    const std::string report = (target.options.dryRun ? "would change " : "changed ") + describe(before) + '\n' + makeChangeLines(before, after);
     const auto draft = std::make_shared<DraftStorage>(list);
     about(target.file, [&] { UseCase::AddOrUpdateProfile(draft, context.clock).execute(after); });
     file.write(draft->read());

@@ -11,11 +11,11 @@ namespace norel::Desktop::PayloadProfiles {
 struct ProfileToChange {
     std::string file;
     std::string id;
-    LockWait wait;
+    ChangeOptions options;
 };
 
-/// Adds the arguments FILE and ID and the option --wait to a command.
-void addProfileToChange(CLI::App& command, ProfileToChange& profile);
+/// Adds the arguments FILE and ID and the options of a command that changes a file.
+void addProfileToChange(Command command, ProfileToChange& profile);
 
 /// Replaces a profile by the result of `change` and prints what differs. The file is unchanged when `change`
 /// throws, whose exceptions become a Failure of the file, and when nothing differs.

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <iterator>
 #include <sstream>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -48,9 +49,14 @@ void Command::addArguments(const std::string& name, std::vector<std::string>& va
     addCheck(*parser.add_option(name, values, description)->required(), check);
 }
 
+void Command::addOptionalArguments(const std::string& name, std::vector<std::string>& values,
+                                   const std::string& description, Check check) const {
+    addCheck(*parser.add_option(name, values, description), check);
+}
+
 void Command::addOption(const std::string& name, const std::string& valueName, std::string& value,
-                        const std::string& description) const {
-    parser.add_option(name, value, description)->option_text(valueName);
+                        const std::string& description, Check check) const {
+    addCheck(*parser.add_option(name, value, description)->option_text(valueName), check);
 }
 
 void Command::addOption(const std::string& name, const std::string& valueName,
@@ -73,6 +79,11 @@ void Command::addOption(const std::string& name, const std::string& valueName, u
         ->option_text(valueName);
 }
 
+void Command::addRequiredOption(const std::string& name, const std::string& valueName, std::string& value,
+                                const std::string& description) const {
+    parser.add_option(name, value, description)->required()->option_text(valueName);
+}
+
 void Command::addFlag(const std::string& name, bool& value, const std::string& description) const {
     parser.add_flag(name, value, description);
 }
@@ -80,6 +91,8 @@ void Command::addFlag(const std::string& name, bool& value, const std::string& d
 void Command::exclude(const std::string& option, const std::string& otherOption) const {
     parser.get_option(option)->excludes(parser.get_option(otherOption));
 }
+
+void Command::addNotes(const std::string& notes) const { parser.footer(parser.get_footer() + '\n' + notes); }
 
 void Command::hide() const { parser.group(""); }
 
@@ -91,7 +104,7 @@ Command addCommand(CLI::App& application, const std::string& name, const std::st
     std::string commandLines;
     std::istringstream lines(examples);
     for (std::string line; std::getline(lines, line);)
-        commandLines += application.get_name() + ' ' + line + '\n';
+        commandLines += (line.starts_with(' ') ? "" : application.get_name() + ' ') + line + '\n';
     parser.footer(commandLines);
     return parser;
 }
@@ -100,12 +113,11 @@ CommandSyntax describe(const CLI::App& parser) {
     CommandSyntax syntax;
     syntax.name = nameOf(parser);
     syntax.description = parser.get_description();
-    std::istringstream lines(parser.get_footer());
-    const bool isCommand = parser.get_parent() != nullptr; // whose footer is its examples
-    for (std::string line; isCommand && std::getline(lines, line);)
-        syntax.examples.push_back(line);
-    if (!isCommand)
-        syntax.notes = parser.get_footer();
+    std::istringstream footer(parser.get_footer());
+    if (parser.get_parent() != nullptr) // a command, whose footer begins with its examples
+        for (std::string line; std::getline(footer, line) && !line.empty();)
+            syntax.examples.push_back(line);
+    syntax.notes.assign(std::istreambuf_iterator<char>(footer), {});
     for (const CLI::Option* option : parser.get_options())
         if (!option->get_group().empty())
             (option->get_positional() ? syntax.positionals : syntax.options).push_back(describe(*option));

@@ -34,9 +34,13 @@ public:
     void addArguments(const std::string& name, std::vector<std::string>& values,
                       const std::string& description, Check check = nullptr) const;
 
+    /// Any number of values, also none.
+    void addOptionalArguments(const std::string& name, std::vector<std::string>& values,
+                              const std::string& description, Check check = nullptr) const;
+
     /// An option with a value. `valueName` is what the help calls the value.
     void addOption(const std::string& name, const std::string& valueName, std::string& value,
-                   const std::string& description) const;
+                   const std::string& description, Check check = nullptr) const;
     void addOption(const std::string& name, const std::string& valueName, std::optional<std::string>& value,
                    const std::string& description) const;
     void addOption(const std::string& name, const std::string& valueName, unsigned int& value,
@@ -45,10 +49,16 @@ public:
     void addOption(const std::string& name, const std::string& valueName, unsigned int& value,
                    std::pair<unsigned int, unsigned int> range, const std::string& description) const;
 
+    void addRequiredOption(const std::string& name, const std::string& valueName, std::string& value,
+                           const std::string& description) const;
+
     void addFlag(const std::string& name, bool& value, const std::string& description) const;
 
     /// Forbids using both options in one command line.
     void exclude(const std::string& option, const std::string& otherOption) const;
+
+    /// Paragraphs that the help shows after the examples.
+    void addNotes(const std::string& notes) const;
 
     /// Leaves the command out of help and completion.
     void hide() const;
@@ -61,7 +71,7 @@ private:
 };
 
 /// Adds a command to the application. `examples` are command lines without the application's name, one per
-/// line.
+/// line; an indented line continues the previous one.
 Command addCommand(CLI::App& application, const std::string& name, const std::string& description,
                    const std::string& examples);
 

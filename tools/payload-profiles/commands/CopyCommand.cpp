@@ -7,8 +7,6 @@
 #include "norel/Desktop/Domain/Payloads/ToBuilder.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
@@ -17,7 +15,7 @@ struct CopyArguments {
     std::string id;
     std::string file;
     std::optional<std::string> name;
-    LockWait wait;
+    ChangeOptions options;
 };
 
 Profile readOriginal(const Context& context, const CopyArguments& arguments) {
@@ -35,14 +33,14 @@ void copy(Context& context, const CopyArguments& arguments) {
     builder.name = arguments.name.value_or(builder.name);
     Profile profile = about(arguments.file, [&] { return builder.build(); });
     const FileToChange file(context.documents, arguments.file, FileToChange::Expected::Anything,
-                            arguments.wait);
+                            arguments.options);
     const ProfileList list = file.read();
     if (list.existById(profile.getId()))
         profile.setId(list.existById(Profile::ID_IS_UNASSIGNED) ? 0 : Profile::ID_IS_UNASSIGNED);
     const auto draft = std::make_shared<DraftStorage>(list);
     about(arguments.file, [&] { UseCase::AddOrUpdateProfile(draft, context.clock).execute(profile); });
     file.write(draft->read());
-    context.console.print("added " + describe(profile) +
+    context.console.print((arguments.options.dryRun ? "would add " : "added ") + describe(profile) +
                           (profile.getId() == original.getId()
                                ? ""
                                : ": the id " + std::to_string(original.getId()) + " is taken") +
@@ -52,20 +50,16 @@ void copy(Context& context, const CopyArguments& arguments) {
 } // namespace
 
 void addCopyCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "copy", "Copy a profile of a source to a file",
+    const Command command = addCommand(application, "copy", "Copy a profile of a source to a file",
                                    "copy factory 88 profiles.json --name \"Drone 7\"\n"
                                    "copy profiles.json 88 profiles.json --name \"Drone 8\"");
     const auto arguments = std::make_shared<CopyArguments>();
     addSource(command, arguments->source);
-    command.add_option("ID", arguments->id, "The id of the profile")->required()->check(checkId);
-    command.add_option("FILE", arguments->file, "The file to change; created if missing")->required();
-    command
-        .add_option_function<std::string>(
-            "--name", [arguments](const std::string& name) { arguments->name = name; },
-            "Set the name of the copy")
-        ->option_text("NAME");
-    addWait(command, arguments->wait);
-    command.callback([&context, arguments] { copy(context, *arguments); });
+    command.addArgument("ID", arguments->id, "The id of the profile", checkId);
+    command.addArgument("FILE", arguments->file, "The file to change; created if missing");
+    command.addOption("--name", "NAME", arguments->name, "Set the name of the copy");
+    addChangeOptions(command, arguments->options);
+    command.run([&context, arguments] { copy(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -3,8 +3,6 @@
 #include "commands/OlderDocument.h"
 #include "reports/DifferenceReport.h"
 
-#include <CLI/CLI.hpp>
-
 #include <map>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -33,35 +31,34 @@ void diff(Context& context, const DiffArguments& arguments) {
         context.exitCode = ExitCode::DifferencesFound;
 }
 
+std::string checkMatch(const std::string& text) {
+    return MATCHES.contains(text) ? "" : "must be id, name or product";
+}
+
 } // namespace
 
 void addDiffCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "diff", "Compare the profiles of two sources",
+    const Command command = addCommand(application, "diff", "Compare the profiles of two sources",
                                    "diff old.json new.json\n"
                                    "diff profiles.json.v4.bak profiles.json\n"
                                    "diff profiles.json factory --by product\n"
                                    "diff old.json new.json --json");
-    command.footer("Exit codes: 0 the sources are equal, 1 they differ, 2 error.\n\n"
-                   "The layout of a file and the order of profiles are no difference, nor are\n"
-                   "factory profiles that the other source lacks. A file may be of an older\n"
-                   "version, such as the backup of an upgrade. By name or product, the ids,\n"
-                   "names, serial numbers and times of profiles are not compared.\n\n" +
-                   command.get_footer());
+    command.addNotes("Exit codes: 0 the sources are equal, 1 they differ, 2 error.\n"
+                     "\n"
+                     "The layout of a file and the order of profiles are no difference, nor are factory profiles "
+                     "that the other source lacks. A file may be of an older version, such as the backup of an "
+                     "upgrade. By name or product, the ids, names, serial numbers and times of profiles are not "
+                     "compared.");
     const auto arguments = std::make_shared<DiffArguments>();
     const std::string kinds = " source: a file, \"factory\" or a base address";
-    command.add_option("SOURCE1", arguments->from.location, "The first" + kinds)->required();
-    command.add_option("SOURCE2", arguments->to.location, "The second" + kinds)->required();
-    command
-        .add_option("--by", arguments->match,
-                    "Compare profiles with the same id, name or product (default: id)")
-        ->check([](const std::string& text) {
-            return MATCHES.contains(text) ? "" : "must be id, name or product";
-        })
-        ->option_text("id|name|product");
-    command.add_flag("--json", arguments->asJson,
+    command.addArgument("SOURCE1", arguments->from.location, "The first" + kinds);
+    command.addArgument("SOURCE2", arguments->to.location, "The second" + kinds);
+    command.addOption("--by", "id|name|product", arguments->match,
+                      "Compare profiles with the same id, name or product (default: id)", checkMatch);
+    command.addFlag("--json", arguments->asJson,
                      "Print a JSON Patch that makes the second source from the first");
     addKeyFile(command, arguments->from);
-    command.callback([&context, arguments] {
+    command.run([&context, arguments] {
         arguments->to.keyFile = arguments->from.keyFile;
         diff(context, *arguments);
     });

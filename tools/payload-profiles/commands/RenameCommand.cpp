@@ -2,8 +2,6 @@
 #include "commands/Commands.h"
 #include "norel/Desktop/Domain/Payloads/ToBuilder.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
@@ -23,12 +21,12 @@ void rename(Context& context, const RenameArguments& arguments) {
 } // namespace
 
 void addRenameCommand(CLI::App& application, Context& context) {
-    CLI::App& command =
+    const Command command =
         addCommand(application, "rename", "Rename a profile", "rename profiles.json 88 \"Drone 7\"");
     const auto arguments = std::make_shared<RenameArguments>();
     addProfileToChange(command, arguments->target);
-    command.add_option("NAME", arguments->name, "The new name")->required();
-    command.callback([&context, arguments] { rename(context, *arguments); });
+    command.addArgument("NAME", arguments->name, "The new name");
+    command.run([&context, arguments] { rename(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -8,8 +8,6 @@
 #include "terminal/OpenOnDesktop.h"
 #include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <set>
 
@@ -134,24 +132,20 @@ void report(Context& context, const ReportArguments& arguments) {
 } // namespace
 
 void addReportCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "report", "Save a page that shows profiles in a browser",
+    const Command command = addCommand(application, "report", "Save a page that shows profiles in a browser",
                                    "report profiles.json -o report.html\n"
                                    "report profiles.json 88 -o report.html --against factory\n"
                                    "report factory 1 -o report.html --against 2 --open");
     const auto arguments = std::make_shared<ReportArguments>();
     addSource(command, arguments->source);
-    command.add_option("ID", arguments->ids, "The ids of the profiles (default: all)")->check(checkId);
-    command.add_option("-o,--output", arguments->output, "The file to write")
-        ->required()
-        ->option_text("FILE.html");
-    command
-        .add_option("--against", arguments->against,
+    command.addOptionalArguments("ID", arguments->ids, "The ids of the profiles (default: all)", checkId);
+    command.addRequiredOption("-o,--output", "FILE.html", arguments->output, "The file to write");
+    command.addOption("--against", "SOURCE|ID", arguments->against,
                     "Mark what differs from the same product in another source (\"factory\": as delivered), "
-                    "or from the profile with another id")
-        ->option_text("SOURCE|ID");
-    command.add_flag("--force", arguments->force, "Replace an existing file");
-    command.add_flag("--open", arguments->open, "Open the page in the browser");
-    command.callback([&context, arguments] { report(context, *arguments); });
+                    "or from the profile with another id");
+    command.addFlag("--force", arguments->force, "Replace an existing file");
+    command.addFlag("--open", arguments->open, "Open the page in the browser");
+    command.run([&context, arguments] { report(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -4,8 +4,6 @@
 #include "norel/Desktop/Domain/Payloads/ProfileListDefaultProductsStorage.h"
 #include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <stdexcept>
 
@@ -37,19 +35,19 @@ void reset(Context& context, const ResetArguments& arguments) {
 } // namespace
 
 void addResetCommand(CLI::App& application, Context& context) {
-    CLI::App& command =
+    const Command command =
         addCommand(application, "reset", "Reset the parameters of a profile to their defaults",
                    "reset profiles.json 88\n"
                    "reset profiles.json 88 lidar.imu_latency lidar.strip_adjustment\n"
                    "reset profiles.json 88 lidar.ground_classification --factory");
     const auto arguments = std::make_shared<ResetArguments>();
     addProfileToChange(command, arguments->target);
-    command.add_option("PATH", arguments->paths,
-                       "A parameter or a section, as show prints it (default: the whole profile)");
-    command.add_flag("--factory", arguments->toFactory,
+    command.addOptionalArguments("PATH", arguments->paths,
+                                 "A parameter or a section, as show prints it (default: the whole profile)");
+    command.addFlag("--factory", arguments->toFactory,
                      "Reset to the factory profile of the product instead; the id, name, serial number and "
                      "times are kept");
-    command.callback([&context, arguments] { reset(context, *arguments); });
+    command.run([&context, arguments] { reset(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

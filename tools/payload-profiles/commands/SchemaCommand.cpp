@@ -2,14 +2,12 @@
 #include "commands/Commands.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListSchema.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 
 void addSchemaCommand(CLI::App& application, Context& context) {
-    CLI::App& command = addCommand(application, "schema", "Print the JSON Schema of the files",
+    const Command command = addCommand(application, "schema", "Print the JSON Schema of the files",
                                    "schema > profile-list.schema.json");
-    command.callback([&context] { context.console.print(makeProfileListSchema()); });
+    command.run([&context] { context.console.print(makeProfileListSchema()); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

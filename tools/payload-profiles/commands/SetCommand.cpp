@@ -3,8 +3,6 @@
 #include "commands/ProfileEdit.h"
 #include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
@@ -32,21 +30,21 @@ void set(Context& context, const SetArguments& arguments) {
 } // namespace
 
 void addSetCommand(CLI::App& application, Context& context) {
-    CLI::App& command =
+    const Command command =
         addCommand(application, "set", "Set members of a profile, either all or none",
                    "set profiles.json 88 lidar.imu_latency=0.002\n"
-                   "set profiles.json 88 lidar.imu_latency.maximum=2 lidar.imu_latency=1.5\n"
+                   "set profiles.json 88 lidar.imu_latency.maximum=2 \\\n"
+                   "    lidar.imu_latency=1.5\n"
                    "set profiles.json 88 name=\"Drone 7\"\n"
-                   "set profiles.json 88 lidar.ground_classification.number_of_neighbors=@mountainous");
+                   "set profiles.json 88 \\\n"
+                   "    lidar.ground_classification.number_of_neighbors=@mountainous");
     const auto arguments = std::make_shared<SetArguments>();
     addProfileToChange(command, arguments->target);
-    command
-        .add_option("PATH=VALUE", arguments->assignments,
-                    "The path of a member, as show prints it, and its new value; @NAME is the preset of a "
-                    "parameter with that name")
-        ->required()
-        ->check(checkAssignment);
-    command.callback([&context, arguments] { set(context, *arguments); });
+    command.addArguments("PATH=VALUE", arguments->assignments,
+                         "The path of a member, as show prints it, and its new value; @NAME is the preset of "
+                         "a parameter with that name",
+                         checkAssignment);
+    command.run([&context, arguments] { set(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -7,8 +7,6 @@
 #include "terminal/Terminal.h"
 #include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
-
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
@@ -86,16 +84,16 @@ void validate(Context& context, const ValidateArguments& arguments) {
 } // namespace
 
 void addValidateCommand(CLI::App& application, Context& context) {
-    CLI::App& command =
+    const Command command =
         addCommand(application, "validate", "Check files and print everything that is wrong with them",
                    "validate profiles.json\n"
                    "validate *.json --strict\n"
                    "validate - --json < profiles.json");
     const auto arguments = std::make_shared<ValidateArguments>();
-    command.add_option("FILE", arguments->files, "The files to check, - for the standard input")->required();
-    command.add_flag("--json", arguments->isJson, "Print JSON, with the allowed values as data");
-    command.add_flag("--strict", arguments->isStrict, "Exit with 1 for warnings too");
-    command.callback([&context, arguments] { validate(context, *arguments); });
+    command.addArguments("FILE", arguments->files, "The files to check, - for the standard input");
+    command.addFlag("--json", arguments->isJson, "Print JSON, with the allowed values as data");
+    command.addFlag("--strict", arguments->isStrict, "Exit with 1 for warnings too");
+    command.run([&context, arguments] { validate(context, *arguments); });
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -1,6 +1,6 @@
 #include "documents/ReadDocument.h"
 
-#include "documents/DocumentFindings.h"
+#include "documents/Validation.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 #include "terminal/Text.h"
 
@@ -12,6 +12,8 @@
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
+
+using Finding = ProfileListValidator::Finding;
 
 /// The path without the position of the profile.
 std::string pathInProfile(const Finding& finding) { return finding.path.substr(finding.path.find('.') + 1); }
@@ -35,11 +37,11 @@ Domain::Payloads::ProfileList readDocument(const Domain::Payloads::ProfileListSe
         return serializer.deserialize(text);
     } catch (const std::bad_alloc&) {
         throw;
-    } catch (const std::exception&) {
-        const auto error = findFirstError(text);
-        if (!error || error->path.empty())
+    } catch (const std::exception& error) {
+        const auto finding = findError(text, error.what());
+        if (!finding || finding->path.empty())
             throw;
-        throw std::runtime_error(error->message + " at " + error->path + inLine(*error));
+        throw std::runtime_error(finding->message + " at " + finding->path + inLine(*finding));
     }
 }
 

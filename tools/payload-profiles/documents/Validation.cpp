@@ -45,9 +45,11 @@ std::vector<Finding> findDroppedMembers(const std::string& text) {
     return findings;
 }
 
-std::optional<Finding> findFirstError(const std::string& text) {
+std::optional<Finding> findError(const std::string& text, const std::string& message) {
     const std::vector<Finding> findings = ProfileListValidator().validate(text).findings;
-    const auto error = std::ranges::find(findings, Severity::Error, &Finding::severity);
+    const auto error = std::ranges::find_if(findings, [&](const Finding& finding) {
+        return message == finding.message || message == finding.message + " at " + finding.path;
+    });
     return error != findings.end() ? std::optional(*error) : std::nullopt;
 }
 

@@ -25,7 +25,7 @@ Validation validateDocument(const std::string& text, const ProfileListValidator:
 /// The members that are lost when the document is read and written again.
 std::vector<ProfileListValidator::Finding> findDroppedMembers(const std::string& text);
 
-/// Why and where the serializer refuses the document; empty when it does not.
-std::optional<ProfileListValidator::Finding> findFirstError(const std::string& text);
+/// Where the document has the error with which the serializer refuses it.
+std::optional<ProfileListValidator::Finding> findError(const std::string& text, const std::string& message);
 
 } // namespace norel::Desktop::PayloadProfiles

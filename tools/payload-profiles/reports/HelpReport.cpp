@@ -89,10 +89,20 @@ std::string makeManualEntries(const std::vector<ArgumentSyntax>& arguments) {
     return entries;
 }
 
+std::string makeManualParagraphs(const std::string& text) {
+    std::string result;
+    std::istringstream paragraphs(text);
+    for (std::string paragraph; std::getline(paragraphs, paragraph);)
+        result += paragraph.empty() ? ".PP\n" : toManual(paragraph) + '\n';
+    return result;
+}
+
 std::string makeManualOf(const CommandSyntax& command) {
     std::string text = ".SS " + toManual(command.getShortName()) + "\n.B " + toManual(command.getUsage()) +
                        "\n.PP\n" + toManual(command.description) + ".\n" +
                        makeManualEntries(command.positionals) + makeManualEntries(command.options);
+    if (!command.notes.empty())
+        text += ".PP\n" + makeManualParagraphs(command.notes);
     if (command.examples.empty())
         return text;
     text += ".PP\nExamples:\n.PP\n.nf\n.RS\n";
@@ -132,10 +142,7 @@ std::string makeManual(const CommandSyntax& application, const std::string& vers
                        " \\- manages the payload profiles in a file\n.SH SYNOPSIS\n.B " +
                        toManual(application.getUsage()) + "\n.SH DESCRIPTION\n" +
                        toManual(application.description) + "\n.PP\n";
-    std::istringstream paragraphs(application.notes);
-    for (std::string paragraph; std::getline(paragraphs, paragraph);)
-        page += paragraph.empty() ? ".PP\n" : toManual(paragraph) + '\n';
-    page += ".SH OPTIONS\n" + makeManualEntries(application.options) + ".SH COMMANDS\n";
+    page += makeManualParagraphs(application.notes) + ".SH OPTIONS\n" + makeManualEntries(application.options) + ".SH COMMANDS\n";
     for (const CommandSyntax& command : application.commands)
         page += makeManualOf(command);
     return page;

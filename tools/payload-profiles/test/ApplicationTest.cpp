@@ -231,11 +231,13 @@ TEST_F(ApplicationTest, ReportsAnInvalidFileAndLeavesItUnchanged) {
         {replaced(document, "\"name\": \"Tessaly Alpha\"", "\"name\": 7"),
          typeError + "string, but is number at [0].name", " (line 4)"},
         {replaced(document, "\"value\": -2", "\"value\": 99999"),
-         "Profile Parameter: value (99999) must be within min/max (-10800/10800)", " at [0] (line 2)"},
+         "Profile Parameter: value (99999) must be within min/max (-10800/10800)",
+         " at [0].trajectory.cameras.[0].boresight_angles.Ty.value (line 143)"},
         {replaced(document, "\"name\": \"Tessaly Alpha\"", "\"name\": \"\""),
-         "The \"name\" string cannot be empty.", " at [0] (line 2)"},
+         "The \"name\" string cannot be empty.", " at [0].name (line 4)"},
         {replaced(document, "\"arcmin\"", R"("\u001b\u009b\u202e\u007f\n")"),
-         R"(Profile Parameter: unit "\u001b\u009b\u202e\u007f\n" is not supported)", " at [0] (line 2)"}};
+         R"(Profile Parameter: unit "\u001b\u009b\u202e\u007f\n" is not supported)",
+         " at [0].trajectory.cameras.[0].boresight_angles.Tx.unit (line 136)"}};
     for (const auto& [text, message, place] : cases) {
         write("bad.json", text);
         for (const char* command : {"list bad.json", "list --json bad.json", "show bad.json 5",
@@ -323,7 +325,7 @@ TEST_F(ApplicationTest, RejectsAnInvalidCommandLine) {
 TEST_F(ApplicationTest, ExplainsItselfIn80Columns) {
     const std::string help = runWell("--help");
     const std::string shortHelp = runWell("");
-    EXPECT_THAT(help, HasSubstr("Exit codes: 0 success, 1 validate found an invalid file, 2 error."));
+    EXPECT_THAT(help, HasSubstr("\nExit codes: 0 success, 1 validate found an invalid file or diff a difference,"));
     EXPECT_EQ(runWell("help"), help);
     EXPECT_THAT(shortHelp, testing::AllOf(HasSubstr("\n  upgrade "), HasSubstr("\nSee payload-profiles help"),
                                           testing::Not(HasSubstr("Exit codes"))));
@@ -331,7 +333,8 @@ TEST_F(ApplicationTest, ExplainsItselfIn80Columns) {
     EXPECT_THAT(manual, HasSubstr("\n.TP\n.B \\-\\-wait SECONDS\nHow long"));
     std::string all = help + shortHelp;
     for (const char* name :
-         {"list", "show", "add", "delete", "validate", "factory", "merge", "upgrade", "fetch", "help"}) {
+         {"list", "show", "report", "diff", "validate", "set", "reset", "rename", "add", "copy", "delete",
+          "merge", "upgrade", "factory", "fetch", "schema", "help"}) {
         const std::string command = name;
         const std::string text = runWell(command + " --help");
         EXPECT_EQ(runWell("help " + command), text);
