@@ -9,10 +9,7 @@
 #include "terminal/Terminal.h"
 #include "terminal/Text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <filesystem>
-#include <sstream>
 #include <string_view>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -20,6 +17,7 @@ namespace {
 
 constexpr const char* DESCRIPTION = "Lists, shows, checks and changes the payload profiles in a file.";
 
+constexpr const char* VERSION = "payload-profiles " PAYLOAD_PROFILES_VERSION;
 constexpr const char* NOTES =
     "SOURCE is a file, \"factory\" for the built-in profiles, or the base address of the processing web "
     "service (http://..., https://...). Write \"./factory\" for a file of that name. The key of the web "
@@ -28,25 +26,6 @@ constexpr const char* NOTES =
     "Exit codes: 0 success, 1 validate found an invalid file or diff a difference, 2 error.\n"
     "\n"
     "See payload-profiles COMMAND --help for details and examples.";
-
-class HelpFormatter : public CLI::FormatterBase {
-public:
-    std::string make_help(const CLI::App* parser, std::string /*name*/,
-                          CLI::AppFormatMode /*mode*/) const override {
-        return makeHelp(describe(*parser));
-    }
-};
-
-void configure(CLI::App& application) {
-    application.description(DESCRIPTION);
-    application.name("payload-profiles");
-    application.footer(NOTES);
-    application.formatter(std::make_shared<HelpFormatter>());
-    application.set_version_flag("--version", "payload-profiles " PAYLOAD_PROFILES_VERSION,
-                                 "Print the version and exit");
-    application.set_help_flag("-h,--help", "Print this help and exit");
-    application.require_subcommand(1);
-}
 
 /// Registers every argument that may contain the password of an address, whichever command or option it is
 /// given to by mistake.
@@ -61,37 +40,9 @@ void concealPasswords(Console& console, int argumentCount, const char* const* ar
     }
 }
 
-/// What is wrong with the command line. The parser reports neither unknown commands nor unknown options as
-/// such.
-std::string reasonOf(const CLI::App& application, const CLI::ParseError& error) {
-    const std::vector<CLI::App*> chosen = application.get_subcommands();
-    for (const std::string& word : application.remaining(true))
-        if (word.size() > 1 && word.starts_with('-') && word != "--")
-            return describeUnknownOption(describe(chosen.empty() ? application : *chosen.front()), word);
-    const std::vector<std::string> rest = application.remaining();
-    return chosen.empty() && !rest.empty() ? describeUnknownCommand(describe(application), rest.front())
-                                           : error.what();
-}
-
-/// Prints the help or the version that was asked for, or what is wrong with the command line.
-int answer(const CLI::App& application, const CLI::ParseError& error, Console& console) {
-    if (error.get_exit_code() == 0) {
-        std::ostringstream text;
-        application.exit(error, text, text);
-        console.print(text.str());
-        return static_cast<int>(ExitCode::Success);
-    }
-    std::string command = "payload-profiles";
-    for (const CLI::App* chosen : application.get_subcommands())
-        command += ' ' + chosen->get_name();
-    console.showMessage("", reasonOf(application, error));
-    console.showMessage("", "see " + command + " --help");
-    return static_cast<int>(ExitCode::Error);
-}
-
 int execute(int argumentCount, const char* const* arguments, Context& context) {
-    CLI::App application;
-    configure(application);
+    const CommandParser parser({"payload-profiles", DESCRIPTION, NOTES, {}, {}, {}, {}}, VERSION);
+    CLI::App& application = parser.getApplication();
     for (const auto add :
          {addListCommand, addShowCommand, addReportCommand, addDiffCommand, addValidateCommand, addSetCommand,
           addResetCommand, addRenameCommand, addAddCommand, addCopyCommand, addDeleteCommand, addMergeCommand,
@@ -108,10 +59,11 @@ int execute(int argumentCount, const char* const* arguments, Context& context) {
         return static_cast<int>(ExitCode::Success);
     }
     try {
-        application.parse(argumentCount, arguments);
+        context.console.print(parser.parse(argumentCount, arguments));
         return static_cast<int>(context.exitCode);
-    } catch (const CLI::ParseError& error) {
-        return answer(application, error, context.console);
+    } catch (const CommandLineError& error) {
+        context.console.showMessage("", error.what());
+        context.console.showMessage("", "see " + error.command + " --help");
     } catch (const Failure& failure) {
         context.console.discard();
         context.console.showMessage(failure.subject, failure.what());

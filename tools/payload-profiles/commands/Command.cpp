@@ -1,5 +1,7 @@
 #include "commands/Command.h"
 
+#include "reports/HelpReport.h"
+
 #include <CLI/CLI.hpp>
 
 #include <iterator>
@@ -8,7 +10,7 @@
 namespace norel::Desktop::PayloadProfiles {
 namespace {
 
-ArgumentSyntax describe(const CLI::Option& option) {
+ArgumentSyntax describeArgument(const CLI::Option& option) {
     ArgumentSyntax syntax;
     if (option.get_positional())
         syntax.names.push_back(option.get_name(true, false));
@@ -25,6 +27,25 @@ ArgumentSyntax describe(const CLI::Option& option) {
 
 std::string nameOf(const CLI::App& parser) {
     return (parser.get_parent() == nullptr ? "" : nameOf(*parser.get_parent()) + ' ') + parser.get_name();
+}
+
+class HelpFormatter : public CLI::FormatterBase {
+public:
+    std::string make_help(const CLI::App* parser, std::string /*name*/,
+                          CLI::AppFormatMode /*mode*/) const override {
+        return makeHelp(describe(*parser));
+    }
+};
+
+/// What is wrong with the command line. The parser reports neither unknown commands nor unknown options as
+/// such.
+std::string reasonOf(const CLI::App& application, const CLI::App& command, const CLI::ParseError& error) {
+    for (const std::string& word : application.remaining(true))
+        if (word.size() > 1 && word.starts_with('-') && word != "--")
+            return describeUnknownOption(describe(command), word);
+    const std::vector<std::string> rest = application.remaining();
+    const bool isUnknown = &command == &application && !rest.empty();
+    return isUnknown ? describeUnknownCommand(describe(application), rest.front()) : error.what();
 }
 
 void addCheck(CLI::Option& option, Command::Check check) {
@@ -120,11 +141,39 @@ CommandSyntax describe(const CLI::App& parser) {
     syntax.notes.assign(std::istreambuf_iterator<char>(footer), {});
     for (const CLI::Option* option : parser.get_options())
         if (!option->get_group().empty())
-            (option->get_positional() ? syntax.positionals : syntax.options).push_back(describe(*option));
+            (option->get_positional() ? syntax.positionals : syntax.options)
+                .push_back(describeArgument(*option));
     for (const CLI::App* command : parser.get_subcommands({}))
         if (!command->get_group().empty())
             syntax.commands.push_back(describe(*command));
     return syntax;
+}
+
+CommandParser::CommandParser(const CommandSyntax& syntax, const std::string& version)
+    : application(std::make_unique<CLI::App>(syntax.description, syntax.name)) {
+    application->footer(syntax.notes);
+    application->formatter(std::make_shared<HelpFormatter>());
+    application->set_version_flag("--version", version, "Print the version and exit");
+    application->set_help_flag("-h,--help", "Print this help and exit");
+    application->require_subcommand(1);
+}
+
+CommandParser::~CommandParser() = default;
+
+std::string CommandParser::parse(int argumentCount, const char* const* arguments) const {
+    try {
+        application->parse(argumentCount, arguments);
+        return {};
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) { // asked for help or version
+            std::ostringstream text;
+            application->exit(error, text, text);
+            return text.str();
+        }
+        const std::vector<CLI::App*> chosen = application->get_subcommands();
+        const CLI::App& command = chosen.empty() ? *application : *chosen.front();
+        throw CommandLineError(reasonOf(*application, command, error), nameOf(command));
+    }
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -3,7 +3,9 @@
 #include "reports/CommandSyntax.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -77,5 +79,33 @@ Command addCommand(CLI::App& application, const std::string& name, const std::st
 
 /// The syntax of the application with all of its visible commands, or of a command.
 CommandSyntax describe(const CLI::App& parser);
+
+/// A command line that cannot be parsed. `command` is what its help is about: the application or a command.
+struct CommandLineError : std::runtime_error {
+    CommandLineError(const std::string& message, const std::string& nameOfCommand)
+        : std::runtime_error(message), command(nameOfCommand) {}
+
+    std::string command;
+};
+
+/// Parses the command line of the application.
+class CommandParser {
+public:
+    /// `syntax` has the name, the description and the notes of the application.
+    CommandParser(const CommandSyntax& syntax, const std::string& version);
+    CommandParser(const CommandParser&) = delete;
+    CommandParser& operator=(const CommandParser&) = delete;
+    ~CommandParser();
+
+    /// To which the commands are added.
+    CLI::App& getApplication() const { return *application; }
+
+    /// Runs the command of the command line. The result is the help or the version, if that was asked for.
+    /// Throws CommandLineError and what the command throws.
+    std::string parse(int argumentCount, const char* const* arguments) const;
+
+private:
+    std::unique_ptr<CLI::App> application;
+};
 
 } // namespace norel::Desktop::PayloadProfiles
