@@ -36,7 +36,8 @@ void changeProfile(Context& context, const ProfileToChange& target,
         context.console.print("unchanged " + describe(before) + '\n');
         return;
     }
-    const std::string report = (target.options.dryRun ? "would change " : "changed ") + describe(before) + '\n' + makeChangeLines(before, after);
+    const std::string report = (target.options.dryRun ? "would change " : "changed ") + describe(before) +
+                               '\n' + makeChangeLines(before, after);
     const auto draft = std::make_shared<DraftStorage>(list);
     about(target.file, [&] { UseCase::AddOrUpdateProfile(draft, context.clock).execute(after); });
     file.write(draft->read());

@@ -51,8 +51,8 @@ void copy(Context& context, const CopyArguments& arguments) {
 
 void addCopyCommand(CLI::App& application, Context& context) {
     const Command command = addCommand(application, "copy", "Copy a profile of a source to a file",
-                                   "copy factory 88 profiles.json --name \"Drone 7\"\n"
-                                   "copy profiles.json 88 profiles.json --name \"Drone 8\"");
+                                       "copy factory 88 profiles.json --name \"Drone 7\"\n"
+                                       "copy profiles.json 88 profiles.json --name \"Drone 8\"");
     const auto arguments = std::make_shared<CopyArguments>();
     addSource(command, arguments->source);
     command.addArgument("ID", arguments->id, "The id of the profile", checkId);

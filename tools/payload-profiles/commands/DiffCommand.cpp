@@ -39,16 +39,17 @@ std::string checkMatch(const std::string& text) {
 
 void addDiffCommand(CLI::App& application, Context& context) {
     const Command command = addCommand(application, "diff", "Compare the profiles of two sources",
-                                   "diff old.json new.json\n"
-                                   "diff profiles.json.v4.bak profiles.json\n"
-                                   "diff profiles.json factory --by product\n"
-                                   "diff old.json new.json --json");
-    command.addNotes("Exit codes: 0 the sources are equal, 1 they differ, 2 error.\n"
-                     "\n"
-                     "The layout of a file and the order of profiles are no difference, nor are factory profiles "
-                     "that the other source lacks. A file may be of an older version, such as the backup of an "
-                     "upgrade. By name or product, the ids, names, serial numbers and times of profiles are not "
-                     "compared.");
+                                       "diff old.json new.json\n"
+                                       "diff profiles.json.v4.bak profiles.json\n"
+                                       "diff profiles.json factory --by product\n"
+                                       "diff old.json new.json --json");
+    command.addNotes(
+        "Exit codes: 0 the sources are equal, 1 they differ, 2 error.\n"
+        "\n"
+        "The layout of a file and the order of profiles are no difference, nor are factory profiles "
+        "that the other source lacks. A file may be of an older version, such as the backup of an "
+        "upgrade. By name or product, the ids, names, serial numbers and times of profiles are not "
+        "compared.");
     const auto arguments = std::make_shared<DiffArguments>();
     const std::string kinds = " source: a file, \"factory\" or a base address";
     command.addArgument("SOURCE1", arguments->from.location, "The first" + kinds);
@@ -56,7 +57,7 @@ void addDiffCommand(CLI::App& application, Context& context) {
     command.addOption("--by", "id|name|product", arguments->match,
                       "Compare profiles with the same id, name or product (default: id)", checkMatch);
     command.addFlag("--json", arguments->asJson,
-                     "Print a JSON Patch that makes the second source from the first");
+                    "Print a JSON Patch that makes the second source from the first");
     addKeyFile(command, arguments->from);
     command.run([&context, arguments] {
         arguments->to.keyFile = arguments->from.keyFile;

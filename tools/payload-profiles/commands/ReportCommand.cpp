@@ -133,16 +133,17 @@ void report(Context& context, const ReportArguments& arguments) {
 
 void addReportCommand(CLI::App& application, Context& context) {
     const Command command = addCommand(application, "report", "Save a page that shows profiles in a browser",
-                                   "report profiles.json -o report.html\n"
-                                   "report profiles.json 88 -o report.html --against factory\n"
-                                   "report factory 1 -o report.html --against 2 --open");
+                                       "report profiles.json -o report.html\n"
+                                       "report profiles.json 88 -o report.html --against factory\n"
+                                       "report factory 1 -o report.html --against 2 --open");
     const auto arguments = std::make_shared<ReportArguments>();
     addSource(command, arguments->source);
     command.addOptionalArguments("ID", arguments->ids, "The ids of the profiles (default: all)", checkId);
     command.addRequiredOption("-o,--output", "FILE.html", arguments->output, "The file to write");
-    command.addOption("--against", "SOURCE|ID", arguments->against,
-                    "Mark what differs from the same product in another source (\"factory\": as delivered), "
-                    "or from the profile with another id");
+    command.addOption(
+        "--against", "SOURCE|ID", arguments->against,
+        "Mark what differs from the same product in another source (\"factory\": as delivered), "
+        "or from the profile with another id");
     command.addFlag("--force", arguments->force, "Replace an existing file");
     command.addFlag("--open", arguments->open, "Open the page in the browser");
     command.run([&context, arguments] { report(context, *arguments); });

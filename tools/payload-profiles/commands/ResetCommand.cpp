@@ -45,8 +45,8 @@ void addResetCommand(CLI::App& application, Context& context) {
     command.addOptionalArguments("PATH", arguments->paths,
                                  "A parameter or a section, as show prints it (default: the whole profile)");
     command.addFlag("--factory", arguments->toFactory,
-                     "Reset to the factory profile of the product instead; the id, name, serial number and "
-                     "times are kept");
+                    "Reset to the factory profile of the product instead; the id, name, serial number and "
+                    "times are kept");
     command.run([&context, arguments] { reset(context, *arguments); });
 }
 

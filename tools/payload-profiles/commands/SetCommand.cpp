@@ -30,14 +30,13 @@ void set(Context& context, const SetArguments& arguments) {
 } // namespace
 
 void addSetCommand(CLI::App& application, Context& context) {
-    const Command command =
-        addCommand(application, "set", "Set members of a profile, either all or none",
-                   "set profiles.json 88 lidar.imu_latency=0.002\n"
-                   "set profiles.json 88 lidar.imu_latency.maximum=2 \\\n"
-                   "    lidar.imu_latency=1.5\n"
-                   "set profiles.json 88 name=\"Drone 7\"\n"
-                   "set profiles.json 88 \\\n"
-                   "    lidar.ground_classification.number_of_neighbors=@mountainous");
+    const Command command = addCommand(application, "set", "Set members of a profile, either all or none",
+                                       "set profiles.json 88 lidar.imu_latency=0.002\n"
+                                       "set profiles.json 88 lidar.imu_latency.maximum=2 \\\n"
+                                       "    lidar.imu_latency=1.5\n"
+                                       "set profiles.json 88 name=\"Drone 7\"\n"
+                                       "set profiles.json 88 \\\n"
+                                       "    lidar.ground_classification.number_of_neighbors=@mountainous");
     const auto arguments = std::make_shared<SetArguments>();
     addProfileToChange(command, arguments->target);
     command.addArguments("PATH=VALUE", arguments->assignments,

@@ -142,7 +142,8 @@ std::string makeManual(const CommandSyntax& application, const std::string& vers
                        " \\- manages the payload profiles in a file\n.SH SYNOPSIS\n.B " +
                        toManual(application.getUsage()) + "\n.SH DESCRIPTION\n" +
                        toManual(application.description) + "\n.PP\n";
-    page += makeManualParagraphs(application.notes) + ".SH OPTIONS\n" + makeManualEntries(application.options) + ".SH COMMANDS\n";
+    page += makeManualParagraphs(application.notes) + ".SH OPTIONS\n" +
+            makeManualEntries(application.options) + ".SH COMMANDS\n";
     for (const CommandSyntax& command : application.commands)
         page += makeManualOf(command);
     return page;

@@ -325,16 +325,16 @@ TEST_F(ApplicationTest, RejectsAnInvalidCommandLine) {
 TEST_F(ApplicationTest, ExplainsItselfIn80Columns) {
     const std::string help = runWell("--help");
     const std::string shortHelp = runWell("");
-    EXPECT_THAT(help, HasSubstr("\nExit codes: 0 success, 1 validate found an invalid file or diff a difference,"));
+    EXPECT_THAT(help,
+                HasSubstr("\nExit codes: 0 success, 1 validate found an invalid file or diff a difference,"));
     EXPECT_EQ(runWell("help"), help);
     EXPECT_THAT(shortHelp, testing::AllOf(HasSubstr("\n  upgrade "), HasSubstr("\nSee payload-profiles help"),
                                           testing::Not(HasSubstr("Exit codes"))));
     const std::string manual = runWell("manual");
     EXPECT_THAT(manual, HasSubstr("\n.TP\n.B \\-\\-wait SECONDS\nHow long"));
     std::string all = help + shortHelp;
-    for (const char* name :
-         {"list", "show", "report", "diff", "validate", "set", "reset", "rename", "add", "copy", "delete",
-          "merge", "upgrade", "factory", "fetch", "schema", "help"}) {
+    for (const char* name : {"list", "show", "report", "diff", "validate", "set", "reset", "rename", "add",
+                             "copy", "delete", "merge", "upgrade", "factory", "fetch", "schema", "help"}) {
         const std::string command = name;
         const std::string text = runWell(command + " --help");
         EXPECT_EQ(runWell("help " + command), text);

@@ -75,7 +75,8 @@ void checkParameter(const typename Parameter<T>::Builder& builder, RuleCheck& ch
     else
         checkRange<T>(builder, check);
     if (!isOneOf(AllowedValues::UNITS, unit))
-        check.fail(&unit, violated("unit \"" + shortened(unit) + "\" is not supported"), AllowedValues::UNITS);
+        check.fail(&unit, violated("unit \"" + shortened(unit) + "\" is not supported"),
+                   AllowedValues::UNITS);
     if (!isPowerOfTen(precision))
         check.fail(&precision,
                    violated("precision (" + convertToGenericString(precision) + ") is not a power of ten"));
