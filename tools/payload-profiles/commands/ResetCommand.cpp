@@ -38,7 +38,7 @@ void addResetCommand(CLI::App& application, Context& context) {
     const Command command =
         addCommand(application, "reset", "Reset the parameters of a profile to their defaults",
                    "reset profiles.json 88\n"
-                   "reset profiles.json 88 lidar.imu_latency lidar.strip_adjustment\n"
+                   "reset profiles.json 88 lidar.imu_latency\n"
                    "reset profiles.json 88 lidar.ground_classification --factory");
     const auto arguments = std::make_shared<ResetArguments>();
     addProfileToChange(command, arguments->target);

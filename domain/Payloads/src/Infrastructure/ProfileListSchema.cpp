@@ -5,11 +5,13 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace norel::Desktop::Domain::Payloads {
 namespace {
 
+using namespace std::string_literals; // the contract makes JSON values of std::string only
 using DataFormat::Json;
 using Options = JsonProfileListSerializer::Options;
 
@@ -31,38 +33,38 @@ public:
 
 private:
     void describe(Json& schema, std::type_identity<std::string> /*type*/, Options /*options*/) {
-        schema.set("type", "string");
+        schema.set("type", "string"s);
     }
 
     void describe(Json& schema, std::type_identity<bool> /*type*/, Options /*options*/) {
-        schema.set("type", "boolean");
+        schema.set("type", "boolean"s);
     }
 
     void describe(Json& schema, std::type_identity<double> /*type*/, Options /*options*/) {
-        schema.set("type", "number");
+        schema.set("type", "number"s);
     }
 
     template <std::integral Integer>
     void describe(Json& schema, std::type_identity<Integer> /*type*/, Options /*options*/) {
-        schema.set("type", "integer");
+        schema.set("type", "integer"s);
         schema.set("minimum", std::numeric_limits<Integer>::min());
         schema.set("maximum", std::numeric_limits<Integer>::max());
     }
 
     void describe(Json& schema, std::type_identity<DateTime::DateTime> /*type*/, Options /*options*/) {
-        schema.set("type", "string");
-        schema.set("format", "date-time");
+        schema.set("type", "string"s);
+        schema.set("format", "date-time"s);
     }
 
     template <typename Number>
     void describe(Json& schema, std::type_identity<std::map<std::string, Number>> /*type*/, Options options) {
-        schema.set("type", "object");
+        schema.set("type", "object"s);
         schema.set("additionalProperties", makeSchema(TYPE<Number>, options));
     }
 
     template <typename Item>
     void describe(Json& schema, std::type_identity<std::vector<Item>> /*type*/, Options /*options*/) {
-        schema.set("type", "array");
+        schema.set("type", "array"s);
         schema.set("items", makeSchema(TYPE<Item>, {}));
     }
 
@@ -122,7 +124,7 @@ private:
                 requiredKeys.push_back(row.key);
         };
         std::apply([&](const auto&... rows) { (add(rows), ...); }, DocumentTable<Value>::rows());
-        schema.set("type", "object");
+        schema.set("type", "object"s);
         schema.set("properties", properties);
         schema.set("required", requiredKeys);
     }
@@ -130,10 +132,10 @@ private:
     template <Presence PRESENCE, typename Fields, typename Field, typename Builder, typename Member>
     Json describeMember(const Row<PRESENCE, Fields, Field, Builder, Member>& row, Options options) {
         Json schema;
-        schema.set("description", row.description);
+        schema.set("description", std::string(row.description));
         if constexpr (PRESENCE == Presence::Optional) { // null counts as absent
             Json null;
-            null.set("type", "null");
+            null.set("type", "null"s);
             schema.set("anyOf", std::vector<Json>{makeSchema(TYPE<Field>, options), null});
         } else {
             describe(schema, TYPE<Field>, options);
@@ -169,12 +171,12 @@ std::string makeProfileListSchema() {
     TypeDescriber describer;
     const Json profile = describer.makeSchema(TYPE<Profile>, {});
     Json schema;
-    schema.set("$schema", "https://json-schema.org/draft/2020-12/schema");
-    schema.set("title", "Payload profiles");
+    schema.set("$schema", "https://json-schema.org/draft/2020-12/schema"s);
+    schema.set("title", "Payload profiles"s);
     schema.set("description",
                "A list of payload profiles. Unknown members are ignored. Rules that relate members to "
-               "each other, such as a value to its minimum, are not part of this schema.");
-    schema.set("type", "array");
+               "each other, such as a value to its minimum, are not part of this schema."s);
+    schema.set("type", "array"s);
     schema.set("items", profile);
     schema.set("$defs", describer.getDefinitions());
     return schema.toString(indentation) + '\n';
