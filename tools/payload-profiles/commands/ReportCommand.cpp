@@ -62,21 +62,21 @@ Profile findReference(const ProfileList& list, const ReportArguments& arguments)
 }
 
 /// The chosen profiles, each with the one that it is compared with.
-std::vector<ComparedProfile> compare(const Context& context, const ReportArguments& arguments,
+std::vector<ReportedProfile> compare(const Context& context, const ReportArguments& arguments,
                                      const ProfileList& list) {
-    std::vector<ComparedProfile> result;
+    std::vector<ReportedProfile> result;
     for (const Profile& profile : chooseProfiles(list, arguments))
         result.push_back({profile, std::nullopt});
     if (arguments.against.empty())
         return result;
     if (checkId(arguments.against).empty()) {
-        for (const Profile reference = findReference(list, arguments); ComparedProfile & compared : result)
+        for (const Profile reference = findReference(list, arguments); ReportedProfile & compared : result)
             compared.reference = reference;
         return result;
     }
     const ProfileList others = readSource(context.documents, {arguments.against, arguments.source.keyFile});
     const bool isPair = result.size() == 1 && others.list().size() == 1; // whatever the products
-    for (ComparedProfile& compared : result)
+    for (ReportedProfile& compared : result)
         compared.reference = isPair ? *others.begin() : findCounterpart(compared.profile, others);
     return result;
 }

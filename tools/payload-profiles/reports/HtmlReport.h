@@ -10,7 +10,7 @@
 namespace norel::Desktop::PayloadProfiles {
 
 /// A profile of a page, and the profile that it is compared with.
-struct ComparedProfile {
+struct ReportedProfile {
     Domain::Payloads::Profile profile;
     std::optional<Domain::Payloads::Profile> reference;
 };
@@ -20,7 +20,7 @@ struct HtmlReport {
     std::string sourceName;
     std::optional<std::string> referenceName; ///< empty when nothing is compared
     DateTime::DateTime made;
-    std::vector<ComparedProfile> profiles;
+    std::vector<ReportedProfile> profiles;
 };
 
 /// A page that shows the profiles in a browser, and that loads nothing from elsewhere.
