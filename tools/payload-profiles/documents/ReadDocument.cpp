@@ -1,12 +1,10 @@
 #include "documents/ReadDocument.h"
 
 #include "documents/Validation.h"
-#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 #include "terminal/Text.h"
 
 #include <algorithm>
 #include <new>
-#include <set>
 #include <stdexcept>
 #include <vector>
 
@@ -14,18 +12,6 @@ namespace norel::Desktop::PayloadProfiles {
 namespace {
 
 using Finding = ProfileListValidator::Finding;
-
-/// The path without the position of the profile.
-std::string pathInProfile(const Finding& finding) { return finding.path.substr(finding.path.find('.') + 1); }
-
-/// Removes the members that the built-in profiles have as well: remains of earlier releases, which many files
-/// contain and nothing uses.
-void removeObsolete(std::vector<Finding>& members) {
-    std::set<std::string> obsolete;
-    for (const Finding& member : findDroppedMembers(Domain::Payloads::DefaultProducts::getSourceDocument()))
-        obsolete.insert(pathInProfile(member));
-    std::erase_if(members, [&](const Finding& member) { return obsolete.contains(pathInProfile(member)); });
-}
 
 std::string inLine(const Finding& finding) { return " (line " + std::to_string(finding.line) + ')'; }
 
@@ -47,9 +33,7 @@ Domain::Payloads::ProfileList readDocument(const Domain::Payloads::ProfileListSe
 
 void requireNothingDropped(const std::string& text) {
     constexpr std::size_t maximumNumber = 20;
-    std::vector<Finding> members = findDroppedMembers(text);
-    if (!members.empty())
-        removeObsolete(members);
+    const std::vector<Finding> members = findDroppedMembers(text);
     if (members.empty())
         return;
     std::string names;

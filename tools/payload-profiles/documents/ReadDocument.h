@@ -12,8 +12,7 @@ Domain::Payloads::ProfileList readDocument(const Domain::Payloads::ProfileListSe
                                            const std::string& text);
 
 /// Throws std::runtime_error, which names paths and lines, for a document with members that would be lost if
-/// it were written again. Members that the built-in profiles have as well do not count: they are remains of
-/// earlier releases.
+/// it were written again.
 void requireNothingDropped(const std::string& text);
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -13,7 +13,8 @@
 
 namespace norel::Desktop::Domain::Payloads {
 
-/// The document form of a value: `rows()`, in the order in which its keys are written. See DocumentTables.h.
+/// The document form of a value: `rows()`, in the order in which its keys are written, and `OBSOLETE_KEY`
+/// where there is one. See DocumentTables.h.
 template <typename Value>
 struct DocumentTable;
 
@@ -23,6 +24,15 @@ struct DocumentTableOf {
     using Fields = ValueAccess::Fields<Value>;
     using Builder = typename Value::Builder;
 };
+
+/// Whether earlier releases wrote a member with this key. Nothing reads it; many files still have it.
+template <typename Value>
+constexpr bool isObsolete(std::string_view key) {
+    if constexpr (requires { DocumentTable<Value>::OBSOLETE_KEY; })
+        return key == DocumentTable<Value>::OBSOLETE_KEY;
+    else
+        return false;
+}
 
 template <typename Value>
 inline constexpr std::size_t NUMBER_OF_ROWS =

@@ -46,7 +46,7 @@ MemberTexts<Value> findMembers(std::string_view object, JsonProfileListSerialize
                 onOther(Kind::RepeatedMember, items);
             text = items.getValueText();
         });
-        if (!isKnown)
+        if (!isKnown && !isObsolete<Value>(key))
             onOther(Kind::UnknownMember, items);
     }
     return texts;

@@ -10,6 +10,8 @@ namespace norel::Desktop::Domain::Payloads {
 
 template <>
 struct DocumentTable<PrecisionEnhancement> : DocumentTableOf<PrecisionEnhancement> {
+    static constexpr std::string_view OBSOLETE_KEY = "neighbors_search_radius";
+
     static const auto& rows() {
         static const std::tuple table{
             required(Keys::AVERAGE_POINT_CLOUD_THICKNESS, "Average thickness of the point cloud",
@@ -32,6 +34,8 @@ struct DocumentTable<PrecisionEnhancement> : DocumentTableOf<PrecisionEnhancemen
 
 template <>
 struct DocumentTable<MorphologicalRejection> : DocumentTableOf<MorphologicalRejection> {
+    static constexpr std::string_view OBSOLETE_KEY = "number_of_neighbors";
+
     static const auto& rows() {
         static const std::tuple table{
             required(Keys::AVERAGE_POINT_CLOUD_DENSITY, "Average density of the point cloud",

@@ -84,12 +84,14 @@ TEST(ProfileListValidator, ReportsTheErrorOfTheSerializerForEveryDamagedLeaf) {
     EXPECT_GT(errors, damage / 2);
 }
 
-TEST(ProfileListValidator, FindsNoErrorInFactoryDocuments) {
-    for (const auto& profile : DataFormat::Json::fromString(DefaultProducts::getSourceDocument())) {
-        const auto result = validate(DataFormat::Json(std::vector{profile}).toString(4));
-        for (const Finding& finding : result.findings)
-            EXPECT_EQ(finding.kind, Kind::UnknownMember) << describe(finding);
-    }
+TEST(ProfileListValidator, FindsNothingInTheFactoryDocument) {
+    std::string text = DefaultProducts::getSourceDocument();
+    EXPECT_EQ(describeAll(text), std::vector<std::string>());
+    // A key is a remain of earlier releases only where they wrote it.
+    replace(text, "\"morphological_rejection\"", "\"number_of_neighbors\"", "\"neighbors_search_radius\"");
+    EXPECT_EQ(describeAll(text), std::vector<std::string>{
+        "288:21 [5] [0].lidar.precision_enhancement.morphological_rejection.neighbors_search_radius: unknown "
+        "member; it is ignored, and lost when the document is written"});
 }
 
 TEST(ProfileListValidator, FindsTenFaultsInThreeProfilesInOneRun) {

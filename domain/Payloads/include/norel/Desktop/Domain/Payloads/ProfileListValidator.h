@@ -29,7 +29,7 @@ public:
         WrongKind,        ///< for example, a string where a number is expected; or a text that is no date
         RuleBroken,       ///< a rule of the model
         NumberOutOfRange, ///< a fraction or a number that the type of the member cannot hold
-        UnknownMember,    ///< not reported when it is null
+        UnknownMember,    ///< not reported when it is null or a known remain of earlier releases
         RepeatedMember,   ///< the last one is read
         Id                ///< taken by an earlier profile, or Profile::ID_IS_UNASSIGNED
     };
