@@ -50,7 +50,10 @@ private:
 
 Profile parseProfile(const AddArguments& arguments, const std::string& text) {
     const OverridingSerializer serializer(arguments);
-    const std::vector<Profile> profiles = readDocument(serializer, text).list();
+    const std::vector<Profile> profiles =
+        readDocument(serializer, text,
+                     arguments.profileFile == STANDARD_INPUT ? "FILE" : arguments.profileFile)
+            .list();
     if (profiles.size() != 1)
         throw std::runtime_error("the document must contain one profile but contains " +
                                  std::to_string(profiles.size()));

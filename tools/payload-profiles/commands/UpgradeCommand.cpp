@@ -4,6 +4,7 @@
 #include "documents/Drafts.h"
 #include "documents/Failure.h"
 #include "documents/ProfileFile.h"
+#include "documents/ReadDocument.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 #include "reports/ChangeReport.h"
@@ -46,17 +47,20 @@ std::string upgraded(Context& context, const UpgradeArguments& arguments, unsign
     return draft->read(arguments.file);
 }
 
-/// A document of the current version must be one that the library reads.
-void checkReadable(const Context& context, const UpgradeArguments& arguments, const std::string& text) {
+/// The upgrade of `text`, a document of version `from`, must be one that the library reads if it is of the
+/// current version.
+void checkReadable(const Context& context, const UpgradeArguments& arguments, unsigned int from,
+                   const std::string& text, const std::string& upgradedText) {
     if (arguments.to != DocumentVersions::getCurrent())
         return;
     try {
-        context.documents.serializer->deserialize(text);
+        context.documents.serializer->deserialize(upgradedText);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
-        throw std::runtime_error("the file is unchanged: as version " + std::to_string(arguments.to) +
-                                 " it is not a valid profile list: " + error.what());
+        throw std::runtime_error(
+            "the file is unchanged: as version " + std::to_string(arguments.to) +
+            " it is not a valid profile list: " + describeError(text, from, error.what()));
     }
 }
 
@@ -92,7 +96,7 @@ void makeBackup(const Context& context, const std::string& file, const std::stri
 void upgradeFrom(Context& context, const UpgradeArguments& arguments, unsigned int from,
                  const std::string& text) {
     const std::string newText = upgraded(context, arguments, from, text);
-    checkReadable(context, arguments, newText);
+    checkReadable(context, arguments, from, text, newText);
     const std::string backup =
         arguments.noBackup ? std::string() : chooseBackup(context, arguments, from, text);
     if (arguments.options.dryRun) {
@@ -117,7 +121,7 @@ void upgradeText(Context& context, const UpgradeArguments& arguments, const std:
     const auto from = arguments.from != 0 ? arguments.from : findVersion(lidars.profiles);
     const std::string file = printable(arguments.file);
     if (!from) {
-        checkReadable(context, arguments, text);
+        checkReadable(context, arguments, arguments.to, text, text);
         context.console.print(file + " has no lidar profile: it is the same in every version\n");
         return;
     }
@@ -128,7 +132,7 @@ void upgradeText(Context& context, const UpgradeArguments& arguments, const std:
         throw std::runtime_error("version " + std::to_string(*from) +
                                  " cannot be converted back to version " + std::to_string(arguments.to));
     if (*from == arguments.to) {
-        checkReadable(context, arguments, text);
+        checkReadable(context, arguments, arguments.to, text, text);
         context.console.print("nothing to do\n");
         return;
     }

@@ -52,7 +52,8 @@ void requireNoFile(const std::string& file) {
 
 ProfileList readFile(const DocumentAccess& documents, const std::string& file) {
     requireFile(file);
-    return about(file, [&] { return readDocument(*documents.serializer, documents.textFiles->read(file)); });
+    return about(file,
+                 [&] { return readDocument(*documents.serializer, documents.textFiles->read(file), file); });
 }
 
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage) {
@@ -100,7 +101,7 @@ ProfileList FileToChange::read() const {
         return {};
     return about(file, [&] {
         const std::string text = documents.textFiles->read(file);
-        ProfileList list = readDocument(*documents.serializer, text);
+        ProfileList list = readDocument(*documents.serializer, text, file);
         if (!options.dropUnknown)
             requireNothingDropped(text);
         return list;

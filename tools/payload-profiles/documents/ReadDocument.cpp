@@ -1,6 +1,7 @@
 #include "documents/ReadDocument.h"
 
 #include "documents/Validation.h"
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 #include "terminal/Text.h"
 
 #include <algorithm>
@@ -17,17 +18,26 @@ std::string inLine(const Finding& finding) { return " (line " + std::to_string(f
 
 } // namespace
 
+std::string describeError(const std::string& text, unsigned int version, const std::string& message) {
+    const auto finding = findError(text, version, message);
+    return finding && !finding->path.empty() ? finding->message + " at " + finding->path + inLine(*finding)
+                                             : message;
+}
+
 Domain::Payloads::ProfileList readDocument(const Domain::Payloads::ProfileListSerializer& serializer,
-                                           const std::string& text) {
+                                           const std::string& text, const std::string& file) {
     try {
         return serializer.deserialize(text);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
-        const auto finding = findError(text, error.what());
-        if (!finding || finding->path.empty())
+        const std::string message =
+            describeError(text, Domain::Payloads::DocumentVersions::getCurrent(), error.what());
+        const auto oldVersion = findOldVersion(text);
+        if (message == error.what() && !oldVersion)
             throw;
-        throw std::runtime_error(finding->message + " at " + finding->path + inLine(*finding));
+        throw std::runtime_error(oldVersion ? message + "; " + describeOldVersion(file, *oldVersion)
+                                            : message);
     }
 }
 

@@ -6,10 +6,15 @@
 
 namespace norel::Desktop::PayloadProfiles {
 
-/// Reads a document as the serializer does. Errors about a part of it are thrown as std::runtime_error, which
-/// names the path and the line; others as they are.
+/// Reads the document of a file as the serializer does. Errors about a part of it are thrown as
+/// std::runtime_error, which names the path and the line, and the command that upgrades a document of an
+/// earlier version; others as they are.
 Domain::Payloads::ProfileList readDocument(const Domain::Payloads::ProfileListSerializer& serializer,
-                                           const std::string& text);
+                                           const std::string& text, const std::string& file);
+
+/// An error of the serializer about a document of a version, or what its upgrade gives, with the path and the
+/// line in `text`, as far as they are known.
+std::string describeError(const std::string& text, unsigned int version, const std::string& message);
 
 /// Throws std::runtime_error, which names paths and lines, for a document with members that would be lost if
 /// it were written again.

@@ -1,6 +1,5 @@
 #include "reports/ValidationReport.h"
 
-#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 #include "terminal/Text.h"
 
 namespace norel::Desktop::PayloadProfiles {
@@ -11,7 +10,6 @@ using Constraints = ProfileListValidator::Constraints;
 using Finding = ProfileListValidator::Finding;
 using Kind = ProfileListValidator::Kind;
 using Severity = ProfileListValidator::Severity;
-namespace DocumentVersions = Domain::Payloads::DocumentVersions;
 
 const char* nameOf(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
 
@@ -37,11 +35,11 @@ const char* nameOf(Kind kind) {
     return "";
 }
 
-/// Ends with how to upgrade the document.
-std::string describeOldVersion(const std::string& file, unsigned int version) {
-    return "the document is of version " + std::to_string(version) + ", not " +
-           std::to_string(DocumentVersions::getCurrent()) + "; run: payload-profiles upgrade " +
-           (file == STANDARD_INPUT ? "FILE" : file);
+/// Says how to upgrade the document.
+std::string describeVersion(const std::string& file, const Validation& validation) {
+    const std::string advice =
+        describeOldVersion(file == STANDARD_INPUT ? "FILE" : file, *validation.oldVersion);
+    return advice + (validation.count(Severity::Error) > 0 ? ", after mending what follows" : "");
 }
 
 std::string describe(const Finding& finding) {
@@ -76,9 +74,9 @@ Json toJson(const Finding& finding) {
 
 std::string makeTextReport(const std::string& file, const Validation& validation) {
     const std::string name = printable(file);
-    if (validation.oldVersion)
-        return name + ":1:1: error: " + describeOldVersion(name, *validation.oldVersion) + '\n';
     std::string text;
+    if (validation.oldVersion)
+        text = name + ":1:1: error: " + describeVersion(file, validation) + '\n';
     for (const Finding& finding : validation.result.findings)
         text += name + ':' + std::to_string(finding.line) + ':' + std::to_string(finding.column) + ": " +
                 nameOf(finding.severity) + ": " + printable(describe(finding)) + '\n';
@@ -96,7 +94,7 @@ DataFormat::Json makeJsonReport(const std::string& file, const Validation& valid
     object.set("file", Json(file));
     if (validation.oldVersion) {
         object.set("old_version", Json(*validation.oldVersion));
-        object.set("message", Json(describeOldVersion(file, *validation.oldVersion)));
+        object.set("message", Json(describeVersion(file, validation)));
     }
     object.set("findings", Json(std::move(findings)));
     object.set("is_cut", Json(validation.result.isCut));

@@ -93,7 +93,7 @@ TEST_F(ApplicationTest, KeepsThePreviousTextAsABackup) {
 }
 
 TEST_F(ApplicationTest, DropsMembersThatAreNotKnownOnlyWhenAskedTo) {
-    // The factory profile has a null and obsolete members that are not known either.
+    // The factory profile has a null and remains of earlier releases, which do not count.
     const std::string document = replaced(
         replaced(makeDocument(88), "\"name\": \"Korv", "\"nme\": {\"\\u0061\": 1}, \"name\": \"Korv"),
         "\"imu_latency\": {", "\"imu_latency\": {\n\"maximun\": [0],");
@@ -264,15 +264,19 @@ TEST_F(ApplicationTest, ValidatesFiles) {
         ":170:33: error: [0].trajectory.stabilized_mount: Profile Trajectory: stabilized mount "
         "\"non\" is invalid; allowed: \"none\", \"synthetize gimbal data\"\n";
     const std::string old = "the document is of version 4, not 5; run: payload-profiles upgrade ";
+    const std::string misspelt =
+        ":627:17: warning: [0].lidar.ground_classification.dms: unknown member; it is "
+        "ignored, and lost when the document is written\n";
     expect("validate good.json", 0, "");
     expect("validate odd.json good.json", 0, odd);
     expect("validate --strict odd.json", 1, odd);
     expect("validate missing.json bad.json old.json", 2,
-           "bad.json" + bad + "bad.json" + mount + "old.json:1:1: error: " + old +
-               "old.json\n3 errors, 0 warnings\n",
+           "bad.json" + bad + "bad.json" + mount + "old.json:1:1: error: " + old + "old.json\nold.json" +
+               misspelt + "3 errors, 1 warning\n",
            failure("missing.json", NO_FILE));
     expect("validate - < bad.json", 1, "<stdin>" + bad + "<stdin>" + mount + "2 errors, 0 warnings\n");
-    expect("validate - < old.json", 1, "<stdin>:1:1: error: " + old + "FILE\n1 error, 0 warnings\n");
+    expect("validate - < old.json", 1,
+           "<stdin>:1:1: error: " + old + "FILE\n<stdin>" + misspelt + "1 error, 1 warning\n");
     EXPECT_EQ(run("validate --json bad.json old.json"), 1);
     EXPECT_EQ(
         Json::fromString(read("captured/output")).toString(-1),
@@ -282,7 +286,10 @@ TEST_F(ApplicationTest, ValidatesFiles) {
         R"("column":33,"message":"Profile Trajectory: stabilized mount \"non\" is invalid",)"
         R"("choices":["none","synthetize gimbal data"]}],"is_cut":false},{"file":"old.json","old_version":4,)"
         R"("message":")" +
-            old + R"(old.json","findings":[],"is_cut":false}])");
+            old +
+            R"(old.json","findings":[{"severity":"warning","kind":"unknown_member",)"
+            R"("path":"[0].lidar.ground_classification.dms","line":627,"column":17,"message":"unknown )"
+            R"(member; it is ignored, and lost when the document is written"}],"is_cut":false}])");
 }
 
 TEST_F(ApplicationTest, CreatesNoFileWhenACommandFails) {

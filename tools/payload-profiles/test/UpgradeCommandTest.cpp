@@ -69,6 +69,33 @@ TEST_F(UpgradeCommandTest, ReportsInADryRunWhatWouldBeReplaced) {
     EXPECT_EQ(listFiles(), "old.json ");
 }
 
+TEST_F(UpgradeCommandTest, IsRecommendedForFilesOfEarlierVersions) {
+    const std::string old = makeStoredDocument(3);
+    const std::string advice = "the document is of version 3, not 5; run: payload-profiles upgrade ";
+    write("my old.json", old);
+    write("profile.json", makeDocument(88));
+    const std::string refusal =
+        failure("my old.json", "[json.exception.out_of_range.403] key 'dsm' not found at "
+                               "[0].lidar.ground_classification (line 443); " +
+                                   advice + "\"my old.json\"");
+    for (const char* command :
+         {"list 'my old.json'", "set 'my old.json' 88 name=x", "add p.json 'my old.json'",
+          "add 'my old.json' profile.json", "merge factory 'my old.json'"})
+        expect(command, 2, "", refusal);
+    expect("validate 'my old.json'", 1,
+           "my old.json:1:1: error: " + advice + "\"my old.json\"\n1 error, 0 warnings\n");
+    // What the upgrade keeps is checked.
+    write("old.json", replaced(old, "\"id\": 88", "\"id\": \"88\", \"idd\": 88"));
+    expect("validate old.json", 1,
+           "old.json:1:1: error: " + advice +
+               "old.json, after mending what follows\n"
+               "old.json:3528:11: error: [6].id: [json.exception.type_error.302] type must be number, but is "
+               "string\n"
+               "old.json:3528:17: warning: [6].idd: unknown member; it is ignored, and lost when the "
+               "document is "
+               "written\n2 errors, 1 warning\n");
+}
+
 TEST_F(UpgradeCommandTest, NeverReplacesADifferentBackup) {
     const std::string document = makeStoredDocument(4);
     const std::string refusal = "this backup already exists and differs from the file; move it away, or "
@@ -133,7 +160,8 @@ TEST_F(UpgradeCommandTest, LeavesTheFileUnchangedOnFailure) {
                    "Ultra\", 7 \"Tessaly Gamma\", 5 \"Tessaly Alpha\"")},
         {rename("\"z y -x\"", "\"z y x y\""),
          unchanged(
-             "as version 5 it is not a valid profile list: Profile Lidar: alignment \"z y x y\" is invalid")},
+             "as version 5 it is not a valid profile list: Profile Lidar: alignment \"z y x y\" is invalid "
+             "at [2].lidar.alignment (line 771)")},
         {"[1", "[json.exception.parse_error.101] parse error at line 1, column 3: syntax error while parsing "
                "array - unexpected end of input; expected ']'"}};
     for (const auto& [text, message] : cases) {

@@ -1,5 +1,6 @@
 #include "DocumentValidation.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -18,6 +19,15 @@ bool isExactly(std::int64_t number, std::string_view text) {
 }
 
 } // namespace
+
+bool DocumentValidator::isChecked(const JsonPath& object, const std::string& key) const {
+    return std::ranges::none_of(uncheckedSections, [&](const Section& section) {
+        if (section.back() != key)
+            return false;
+        const auto& steps = object.getPath(); // the index of the profile, then keys
+        return steps.size() == section.size() && std::equal(steps.begin() + 1, steps.end(), section.begin());
+    });
+}
 
 void DocumentValidator::checkIsArray(const JsonPath& path) const {
     if (path.getPath().empty())

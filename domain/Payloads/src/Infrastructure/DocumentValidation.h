@@ -3,6 +3,7 @@
 #include "FindingList.h"
 #include "MemberTexts.h"
 #include "Rules.h"
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 
 #include <algorithm>
 #include <map>
@@ -10,6 +11,7 @@
 #include <string_view>
 #include <type_traits>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace norel::Desktop::Domain::Payloads {
@@ -18,7 +20,11 @@ namespace norel::Desktop::Domain::Payloads {
 /// the rules of the builders. It reads the members where they are in the text, and goes on after an error.
 class DocumentValidator {
 public:
-    explicit DocumentValidator(FindingList& target) : findings(target) {}
+    using Section = DocumentVersions::Section;
+
+    /// The sections `leftOut` of the profiles are not checked.
+    DocumentValidator(FindingList& target, std::vector<Section> leftOut)
+        : findings(target), uncheckedSections(std::move(leftOut)) {}
 
     /// `list` is the JSON value of the document; `onProfile` is called with the text of each profile that was
     /// checked.
@@ -79,7 +85,7 @@ private:
             text, options, [&](Kind kind, const JsonItems& items) { warnOfMember(kind, path, items); });
         bool isReadable = true;
         forEachRow<Value>(texts, [&](const auto& row, std::string_view textOfMember) {
-            if (isReadable && !findings.isFull() && row.isIncluded(options))
+            if (isReadable && !findings.isFull() && row.isIncluded(options) && isChecked(path, row.key))
                 isReadable = readRow(row, path, text, textOfMember, builder, options) || isObject;
         });
         if (!isObject)
@@ -101,6 +107,8 @@ private:
               Options /*options*/) {
         readList(path, text, builder, builder.listOfFieldOfViews);
     }
+
+    bool isChecked(const JsonPath& object, const std::string& key) const;
 
     /// Whether the object has the member or may lack it.
     template <typename Row, typename Builder>
@@ -269,6 +277,7 @@ private:
     }
 
     FindingList& findings;
+    const std::vector<Section> uncheckedSections;
     const JsonProfileListSerializer serializer;
     std::unordered_set<const void*> knownFields; // of the current profile: those that were read
     std::unordered_set<unsigned int> ids;        // of the profiles so far

@@ -39,16 +39,26 @@ bool checkSyntax(const std::string& text, FindingList& findings) {
     }
 }
 
+/// The sections that upgrading a document of this version replaces.
+std::vector<DocumentVersions::Section> listReplaced(unsigned int version) {
+    std::vector<DocumentVersions::Section> replaced;
+    for (; version < DocumentVersions::getCurrent(); ++version)
+        for (DocumentVersions::Section& section : DocumentVersions::getSections(version + 1))
+            replaced.push_back(std::move(section));
+    return replaced;
+}
+
 } // namespace
 
-ProfileListValidator::Result ProfileListValidator::validate(const std::string& text,
-                                                            const Progress& progress) const {
+ProfileListValidator::Result ProfileListValidator::validate(const std::string& text, const Progress& progress,
+                                                            unsigned int version) const {
     FindingList findings(text);
     if (!text.empty() && checkSyntax(text, findings))
-        DocumentValidator(findings).validate(JsonItems::findValue(text), [&](std::string_view profile) {
-            if (progress)
-                progress(static_cast<std::size_t>(profile.data() + profile.size() - text.data()));
-        });
+        DocumentValidator(findings, listReplaced(version))
+            .validate(JsonItems::findValue(text), [&](std::string_view profile) {
+                if (progress)
+                    progress(static_cast<std::size_t>(profile.data() + profile.size() - text.data()));
+            });
     return findings.takeResult();
 }
 

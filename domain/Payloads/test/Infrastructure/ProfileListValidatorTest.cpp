@@ -1,7 +1,9 @@
 #include "norel/Desktop/Domain/Payloads/ProfileListValidator.h"
 
+#include "InMemoryTextFileStorage.h"
 #include "Sample.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+#include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 
 #include <algorithm>
 #include <array>
@@ -15,8 +17,10 @@ using Finding = ProfileListValidator::Finding;
 using Kind = ProfileListValidator::Kind;
 using Severity = ProfileListValidator::Severity;
 
-ProfileListValidator::Result validate(const std::string& text) {
-    return ProfileListValidator().validate(text);
+constexpr unsigned int CURRENT = 5;
+
+ProfileListValidator::Result validate(const std::string& text, unsigned int version = CURRENT) {
+    return ProfileListValidator().validate(text, {}, version);
 }
 
 /// "LINE:COLUMN KIND PATH: message"; the number of a warning's kind is in brackets.
@@ -27,11 +31,21 @@ std::string describe(const Finding& finding) {
            finding.message;
 }
 
-std::vector<std::string> describeAll(const std::string& text) {
+std::vector<std::string> describeAll(const std::string& text, unsigned int version = CURRENT) {
     std::vector<std::string> lines;
-    for (const Finding& finding : validate(text).findings)
+    for (const Finding& finding : validate(text, version).findings)
         lines.push_back(describe(finding));
     return lines;
+}
+
+/// The current version of a document of an earlier one.
+std::string upgraded(const std::string& text, unsigned int version) {
+    const auto files = std::make_shared<Desktop::Test::InMemoryTextFileStorage>();
+    files->write("file", text);
+    while (++version <= CURRENT)
+        ProfileUpgrade().upgradeToVersion(version, files, "file",
+                                          DefaultProducts::getSourceDocumentFromVersionInfo(version));
+    return files->read("file");
 }
 
 /// The message of the serializer, empty when it reads the text.
@@ -45,8 +59,9 @@ std::string readingError(const std::string& text) {
 }
 
 /// The message of the first error as the serializer words it, empty when there is none.
-std::string firstError(const std::string& text) {
-    for (const auto& [severity, kind, path, line, column, message, constraints] : validate(text).findings)
+std::string firstError(const std::string& text, unsigned int version) {
+    for (const auto& [severity, kind, path, line, column, message, constraints] :
+         validate(text, version).findings)
         if (severity == Severity::Error)
             return kind == Kind::RuleBroken || path.empty() ? message : message + " at " + path;
     return "";
@@ -69,19 +84,60 @@ TEST(ProfileListValidator, ReportsTheErrorOfTheSerializerForEveryDamagedLeaf) {
     const std::array<std::string, 15> values{"null", "true", "\"text\"", "\"\"",       "-0",
                                              "-1",   "0.5",  "1e300",    "4294967296", "[]",
                                              "{}",   "[{}]", "",         "1e",         "-3e9"};
-    std::string text = JsonProfileListSerializer().serialize(makeFullList());
-    text = std::regex_replace(text, std::regex("\n +"), "\n");
-    ASSERT_EQ(firstError(text), "");
-    std::size_t damage = 0, errors = 0;
-    for (std::sregex_iterator line(text.begin(), text.end(), leaf), end; line != end; ++line, ++damage) {
-        const auto begin = static_cast<std::size_t>(line->position(1));
-        const auto length = static_cast<std::size_t>(line->length(1));
-        const std::string damaged = std::string(text).replace(begin, length, values[damage % values.size()]);
-        const std::string expected = readingError(damaged);
-        ASSERT_EQ(firstError(damaged), expected) << line->str() << " -> " << values[damage % values.size()];
-        errors += expected.empty() ? 0U : 1U;
+    const auto firstProfile = [](unsigned int version) {
+        const std::string document = DefaultProducts::getSourceDocumentFromVersionInfo(version);
+        return DataFormat::Json(std::vector{*DataFormat::Json::fromString(document).begin()}).toString(4);
+    };
+    const struct {
+        unsigned int version;
+        std::string document;
+        std::size_t step; // every which leaf is damaged
+    } cases[] = {{CURRENT, JsonProfileListSerializer().serialize(makeFullList()), 1},
+                 {2, firstProfile(2), 7},
+                 {3, firstProfile(3), 11},
+                 {4, firstProfile(4), 13}};
+    for (const auto& [version, document, step] : cases) {
+        const std::string text = std::regex_replace(document, std::regex("\n +"), "\n");
+        ASSERT_EQ(firstError(text, version), "");
+        std::size_t leaves = 0, damage = 0, errors = 0;
+        for (std::sregex_iterator line(text.begin(), text.end(), leaf), end; line != end; ++line, ++leaves) {
+            if (leaves % step != 0)
+                continue;
+            const auto begin = static_cast<std::size_t>(line->position(1));
+            const auto length = static_cast<std::size_t>(line->length(1));
+            const std::string& value = values[damage++ % values.size()];
+            const std::string damaged = std::string(text).replace(begin, length, value);
+            std::string current;
+            try {
+                current = upgraded(damaged, version);
+            } catch (const std::exception&) { // no JSON, or an unknown product
+                continue;
+            }
+            const std::string expected = readingError(current);
+            ASSERT_EQ(firstError(damaged, version), expected)
+                << version << ' ' << line->str() << " -> " << value;
+            errors += expected.empty() ? 0U : 1U;
+        }
+        EXPECT_GT(errors, damage / 3) << version;
     }
-    EXPECT_GT(errors, damage / 2);
+}
+
+TEST(ProfileListValidator, ChecksNoSectionOfALaterVersion) {
+    const std::string lacking = "1 [0].lidar: [json.exception.out_of_range.403] key "
+                                "'point_cloud_direct_colorization' not found";
+    std::string text =
+        DataFormat::Json(
+            std::vector{*DataFormat::Json::fromString(DefaultProducts::getSourceDocumentVersion3()).begin()})
+            .toString(4);
+    EXPECT_EQ(describeAll(text, 3), std::vector<std::string>());
+    EXPECT_EQ(describeAll(text, 4), std::vector<std::string>{"9:18 " + lacking});
+    replace(text, "\"lidar\"", "\"lidar\": {",
+            "\"lidar\": {\"dsm\": 1, \"point_cloud_direct_colorization\": 2,");
+    replace(text, "\"ground_classification\"", "{", "{\"dsm\": 1,");
+    EXPECT_EQ(
+        describeAll(text, 3),
+        std::vector<std::string>{
+            "9:19 [5] [0].lidar.dsm: unknown member; it is ignored, and lost when the document is written"});
 }
 
 TEST(ProfileListValidator, FindsNothingInTheFactoryDocument) {
@@ -89,9 +145,11 @@ TEST(ProfileListValidator, FindsNothingInTheFactoryDocument) {
     EXPECT_EQ(describeAll(text), std::vector<std::string>());
     // A key is a remain of earlier releases only where they wrote it.
     replace(text, "\"morphological_rejection\"", "\"number_of_neighbors\"", "\"neighbors_search_radius\"");
-    EXPECT_EQ(describeAll(text), std::vector<std::string>{
-        "288:21 [5] [0].lidar.precision_enhancement.morphological_rejection.neighbors_search_radius: unknown "
-        "member; it is ignored, and lost when the document is written"});
+    EXPECT_EQ(describeAll(text),
+              std::vector<std::string>{
+                  "288:21 [5] "
+                  "[0].lidar.precision_enhancement.morphological_rejection.neighbors_search_radius: unknown "
+                  "member; it is ignored, and lost when the document is written"});
 }
 
 TEST(ProfileListValidator, FindsTenFaultsInThreeProfilesInOneRun) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 #include "norel/Desktop/Domain/Payloads/Export.h"
 
 #include <cstddef>
@@ -13,7 +14,8 @@ namespace norel::Desktop::Domain::Payloads {
 
 /// Finds everything that is wrong with the text of a profile-list document, where JsonProfileListSerializer
 /// stops at the first error. A text without errors is one that the serializer reads; where a text has a
-/// single error, it is the one that the serializer reports.
+/// single error, it is the one that the serializer reports. The same is true of a document of an earlier
+/// version and what its upgrade gives.
 ///
 /// Stateless: several threads may share one.
 class NOREL_PAYLOADS_EXPORT ProfileListValidator {
@@ -67,10 +69,12 @@ public:
     /// Is called now and then with the number of bytes that have been checked.
     using Progress = std::function<void(std::size_t bytes)>;
 
-    /// Takes time linear in the text, and at most the memory that reading it takes. With a host that lacks
-    /// Json::Reader, a text that is not JSON is reported at its beginning. Throws only std::bad_alloc and
-    /// what `progress` throws.
-    Result validate(const std::string& text, const Progress& progress = {}) const;
+    /// Of a document of an earlier version (see DocumentVersions), the sections that the upgrade adds or
+    /// replaces are not checked. Takes time linear in the text, and at most the memory that reading it takes.
+    /// With a host that lacks Json::Reader, a text that is not JSON is reported at its beginning. Throws only
+    /// std::bad_alloc and what `progress` throws.
+    Result validate(const std::string& text, const Progress& progress = {},
+                    unsigned int version = DocumentVersions::getCurrent()) const;
 };
 
 } // namespace norel::Desktop::Domain::Payloads
