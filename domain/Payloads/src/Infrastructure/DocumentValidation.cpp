@@ -2,23 +2,34 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <utility>
+#include <string>
 
 namespace norel::Desktop::Domain::Payloads {
-namespace {
 
-/// Whether the text of a number or boolean stands for exactly this number.
-bool isExactly(std::int64_t number, std::string_view text) {
-    if (text == std::to_string(number))
-        return true;
-    try {
-        return DataFormat::Json::fromString(std::string(text)).as<double>() == static_cast<double>(number);
-    } catch (const DataFormat::Json::IncompatibleTypeError&) { // true or false
-        return false;
-    }
+using DataFormat::Json;
+
+Json DocumentValidator::standInFor(std::string_view text) {
+    static const Json emptyObject = Json::fromString("{}");
+    static const Json emptyArray = Json::fromString("[]");
+    if (text.front() == '{')
+        return emptyObject;
+    return text.front() == '[' ? emptyArray : Json::fromString(std::string(text));
 }
 
-} // namespace
+Json DocumentValidator::outlineOf(std::string_view text) {
+    const bool isObject = text.front() == '{';
+    if (!isObject && text.front() != '[')
+        return standInFor(text);
+    std::string outline(1, text.front());
+    for (JsonItems items(text); items.next();) {
+        const std::string_view value = items.getValueText();
+        outline += outline.size() > 1 ? "," : "";
+        if (isObject)
+            outline.append(items.getKeyText()) += ':';
+        outline += value.front() == '{' ? "{}" : value.front() == '[' ? "[]" : value;
+    }
+    return Json::fromString(outline += isObject ? '}' : ']');
+}
 
 bool DocumentValidator::isChecked(const JsonPath& object, const std::string& key) const {
     return std::ranges::none_of(uncheckedSections, [&](const Section& section) {
@@ -45,49 +56,6 @@ void DocumentValidator::checkId(const Profile::Builder& builder, RuleCheck& chec
     else if (!ids.insert(builder.id).second)
         check.fail(&builder.id,
                    std::invalid_argument(id + " is taken by an earlier profile; reading assigns another id"));
-}
-
-void DocumentValidator::warnOfMember(Kind kind, const JsonPath& object, const JsonItems& member) {
-    const bool isUnknown = kind == Kind::UnknownMember;
-    if (isUnknown && member.getValueText() == "null")
-        return;
-    const std::string key = shortened(member.getKey());
-    addWarning(kind, ChildPath::make(object, key), member.getKeyText(),
-               isUnknown ? "unknown member; it is ignored, and lost when the document is written"
-                         : "repeated member; only the last one is read");
-}
-
-void DocumentValidator::warnOfNumber(const JsonPath& path, std::string_view text, std::int64_t number) {
-    if (isExactly(number, text))
-        return;
-    const bool isBoolean = text.front() == 't' || text.front() == 'f';
-    addWarning(isBoolean ? Kind::WrongKind : Kind::NumberOutOfRange, path, text,
-               shortened(std::string(text)) + " is read as " + std::to_string(number));
-}
-
-void DocumentValidator::addError(Kind kind, const JsonPath& path, std::string_view text,
-                                 std::string message) {
-    const std::string place = path.getPathString();
-    if (const std::string suffix = " at " + place; message.ends_with(suffix))
-        message.resize(message.size() - suffix.size());
-    findings.add(text, {Severity::Error, kind, place, 1, 1, std::move(message), {}});
-}
-
-void DocumentValidator::addViolation(Severity severity, Kind kind, const JsonPath& path,
-                                     std::string_view text, const RuleCheck::Violation& violation) {
-    const auto& choices = violation.choices;
-    findings.add(text, {severity,
-                        kind,
-                        path.getPathString(),
-                        1,
-                        1,
-                        violation.message,
-                        {{}, {}, {choices.begin(), choices.end()}}});
-}
-
-void DocumentValidator::addWarning(Kind kind, const JsonPath& path, std::string_view text,
-                                   const std::string& message) {
-    findings.add(text, {Severity::Warning, kind, path.getPathString(), 1, 1, message, {}});
 }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -1,15 +1,13 @@
 #pragma once
 
-#include "FindingList.h"
+#include "DocumentFindings.h"
 #include "MemberTexts.h"
 #include "Rules.h"
 #include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 
 #include <algorithm>
-#include <map>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -30,15 +28,15 @@ public:
     /// checked.
     template <typename OnProfile>
     void validate(std::string_view list, const OnProfile& onProfile) {
-        const JsonPath root(standInFor(list, '['));
+        const JsonPath root(standInFor(list));
         if (!isArray(root, list))
             return;
         JsonItems items(list);
         for (unsigned int index = 0; !findings.isFull() && items.next(); ++index) {
             const std::string_view text = items.getValueText();
             Profile::Builder builder;
-            knownFields.clear();
-            read(ChildPath::make(root, index, standInFor(text, '{')), text, builder, {});
+            knownFields = std::unordered_set<const void*>(); // clear() would keep the room of a large profile
+            read(ChildPath::make(root, index, standInFor(text)), text, builder, {});
             onProfile(text);
         }
     }
@@ -52,26 +50,24 @@ private:
 
     // Reading
 
-    /// The value of a text for the errors about it. An array or object that begins as expected is read item
-    /// by item, so an empty object stands in for it.
-    static Json standInFor(std::string_view text, char expected) {
-        static const Json emptyObject = Json::fromString("{}");
-        return text.front() == expected ? emptyObject : Json::fromString(std::string(text));
-    }
+    /// The value of a text for the errors about it, which name its kind: an empty array or object stands in
+    /// for one that is read item by item.
+    static Json standInFor(std::string_view text);
+
+    /// The same with the items of an array or object, for leaves.
+    static Json outlineOf(std::string_view text);
 
     template <typename Member>
     static Json valueFor(const Member& /*member*/, std::string_view text) {
-        constexpr bool isList =
-            std::is_same_v<Member, Cameras::Builder> || std::is_same_v<Member, FieldOfViews::Builder>;
         if constexpr (requires(const Member& member) { member.build(); })
-            return standInFor(text, isList ? '[' : '{');
+            return standInFor(text);
         else
-            return Json::fromString(std::string(text));
+            return outlineOf(text);
     }
 
     template <typename Leaf>
     void read(const JsonPath& path, std::string_view text, Leaf& leaf, Options options) {
-        if (attempt(Kind::WrongKind, path, text, [&] { serializer.fromJson(path, leaf, options); }))
+        if (findings.attempt(Kind::WrongKind, path, text, [&] { serializer.fromJson(path, leaf, options); }))
             knownFields.insert(&leaf);
     }
 
@@ -81,8 +77,9 @@ private:
         using Value = decltype(builder.build());
         const std::size_t before = findings.size();
         const bool isObject = text.front() == '{';
-        const auto texts = findMembers<Value>(
-            text, options, [&](Kind kind, const JsonItems& items) { warnOfMember(kind, path, items); });
+        const auto texts = findMembers<Value>(text, options, [&](Kind kind, const JsonItems& items) {
+            findings.warnOfMember(kind, path, items);
+        });
         bool isReadable = true;
         forEachRow<Value>(texts, [&](const auto& row, std::string_view textOfMember) {
             if (isReadable && !findings.isFull() && row.isIncluded(options) && isChecked(path, row.key))
@@ -94,9 +91,10 @@ private:
         forEachRow<Value>(texts, [&](const auto& row, std::string_view textOfMember) {
             const auto& member = builder.*(row.member);
             if (knownFields.contains(&member))
-                warnOfNumbers(ChildPath::make(path, row.key), textOfMember, member);
+                findings.warnOfNumbers(ChildPath::make(path, row.key), textOfMember, member);
         });
-        constrainFrom(before, builder, options);
+        if constexpr (requires { builder.presets; })
+            findings.constrainFrom(before, findConstraints(builder, options));
     }
 
     void read(const JsonPath& path, std::string_view text, Cameras::Builder& builder, Options /*options*/) {
@@ -116,8 +114,8 @@ private:
                  Builder& builder, Options options) {
         if (text.empty())
             return Row::presence != Presence::Required ||
-                   attempt(object.front() == '{' ? Kind::Missing : Kind::WrongKind, path, object,
-                           [&] { path.makePathToKey(row.key); });
+                   findings.attempt(object.front() == '{' ? Kind::Missing : Kind::WrongKind, path, object,
+                                    [&] { path.makePathToKey(row.key); });
         const auto readInto = [&](auto& target) {
             read(ChildPath::make(path, row.key, valueFor(target, text)), text, target,
                  row.getOptions(options));
@@ -135,10 +133,11 @@ private:
     }
 
     /// The rules refer to fields by their address, so the items must not move: the list never takes more of
-    /// them than are reserved. An item that adds no error is longer than `shortestItem`.
+    /// them than are reserved. The text of an item that adds no error takes at least a quarter of the memory
+    /// of its builder.
     template <typename Builder, typename Item>
     void readList(const JsonPath& path, std::string_view text, Builder& builder, std::vector<Item>& list) {
-        constexpr std::size_t shortestItem = 32;
+        constexpr std::size_t shortestItem = sizeof(Item) / 4;
         if (!isArray(path, text))
             return;
         std::size_t count = 0;
@@ -149,13 +148,13 @@ private:
         JsonItems items(text);
         for (unsigned int index = 0; !findings.isFull() && items.next(); ++index) {
             const std::string_view item = items.getValueText();
-            read(ChildPath::make(path, index, standInFor(item, '{')), item, list.emplace_back(), {});
+            read(ChildPath::make(path, index, standInFor(item)), item, list.emplace_back(), {});
         }
         checkList(path, text, builder, list);
     }
 
     bool isArray(const JsonPath& path, std::string_view text) {
-        return attempt(Kind::WrongKind, path, text, [&] {
+        return findings.attempt(Kind::WrongKind, path, text, [&] {
             if (text.front() != '[')
                 checkIsArray(path);
         });
@@ -176,7 +175,7 @@ private:
             for (const auto& violation : check.getViolations())
                 locate(violation.field, path, text, builder, options,
                        [&](const JsonPath& place, std::string_view textAt) {
-                           addViolation(severity, kind, place, textAt, violation);
+                           findings.addViolation(severity, kind, place, textAt, violation);
                        });
         };
         addEach(Severity::Error, Kind::RuleBroken, rules);
@@ -193,7 +192,7 @@ private:
         unsigned int count = 0; // of the items so far
         for (const auto& violation : rules.getViolations()) {
             const auto add = [&](const JsonPath& place, std::string_view textAt) {
-                addViolation(Severity::Error, Kind::RuleBroken, place, textAt, violation);
+                findings.addViolation(Severity::Error, Kind::RuleBroken, place, textAt, violation);
             };
             if (!violation.field) {
                 add(path, text);
@@ -211,72 +210,19 @@ private:
     template <typename Builder>
     void checkId(const Builder& /*builder*/, RuleCheck& /*check*/) {}
 
-    // What reading accepts, but not as it is written
-
-    void warnOfMember(Kind kind, const JsonPath& object, const JsonItems& member);
-
-    void warnOfNumbers(const JsonPath& path, std::string_view text, const unsigned int& number) {
-        warnOfNumber(path, text, number);
-    }
-    void warnOfNumbers(const JsonPath& path, std::string_view text, const int& number) {
-        warnOfNumber(path, text, number);
-    }
-    template <typename Number>
-    void warnOfNumbers(const JsonPath& path, std::string_view text,
-                       const std::map<std::string, Number>& numbers) {
-        std::map<std::string, std::string_view> texts;
-        for (JsonItems items(text); items.next();) {
-            std::string_view& textOfNumber = texts[items.getKey()];
-            if (!textOfNumber.empty())
-                warnOfMember(Kind::RepeatedMember, path, items);
-            textOfNumber = items.getValueText();
-        }
-        for (const auto& [key, textOfNumber] : texts)
-            warnOfNumbers(ChildPath::make(path, key), textOfNumber, numbers.at(key));
-    }
-    /// Every other type is read as it is.
-    template <typename Other>
-    void warnOfNumbers(const JsonPath& /*path*/, std::string_view /*text*/, const Other& /*value*/) {}
-
-    void warnOfNumber(const JsonPath& path, std::string_view text, std::int64_t number);
-
-    // Findings
-
-    /// Runs `operation`; its error, if any, is a finding. Whether there was none.
-    template <typename Operation>
-    bool attempt(Kind kind, const JsonPath& path, std::string_view text, const Operation& operation) {
-        try {
-            operation();
-            return true;
-        } catch (const ProfileListSerializer::ParsingError& error) {
-            addError(kind, path, text, error.what());
-        } catch (const Json::JsonError& error) {
-            addError(kind, path, text, error.what());
-        }
-        return false;
-    }
-
-    void addError(Kind kind, const JsonPath& path, std::string_view text, std::string message);
-    void addViolation(Severity severity, Kind kind, const JsonPath& path, std::string_view text,
-                      const RuleCheck::Violation& violation);
-    void addWarning(Kind kind, const JsonPath& path, std::string_view text, const std::string& message);
-
-    /// Adds the constraints of a parameter to the findings about it, those after the first `before`.
+    /// What the members of a parameter's builder that are known say about its value.
     template <typename Builder>
-    void constrainFrom(std::size_t before, const Builder& builder, Options options) {
-        if constexpr (requires { builder.presets; }) {
-            ProfileListValidator::Constraints constraints;
-            if (!options.hasAny(VALUE_ONLY | NO_CONSTRAINTS) && builder.minimum <= builder.maximum &&
-                knownFields.contains(&builder.minimum) && knownFields.contains(&builder.maximum))
-                constraints.range = {static_cast<double>(builder.minimum),
-                                     static_cast<double>(builder.maximum)};
-            if (knownFields.contains(&builder.unit))
-                constraints.unit = builder.unit;
-            findings.constrainFrom(before, constraints);
-        }
+    ProfileListValidator::Constraints findConstraints(const Builder& builder, Options options) const {
+        ProfileListValidator::Constraints constraints;
+        if (!options.hasAny(VALUE_ONLY | NO_CONSTRAINTS) && builder.minimum <= builder.maximum &&
+            knownFields.contains(&builder.minimum) && knownFields.contains(&builder.maximum))
+            constraints.range = {static_cast<double>(builder.minimum), static_cast<double>(builder.maximum)};
+        if (knownFields.contains(&builder.unit))
+            constraints.unit = builder.unit;
+        return constraints;
     }
 
-    FindingList& findings;
+    DocumentFindings findings;
     const std::vector<Section> uncheckedSections;
     const JsonProfileListSerializer serializer;
     std::unordered_set<const void*> knownFields; // of the current profile: those that were read

@@ -93,9 +93,9 @@ TEST(ProfileListValidator, ReportsTheErrorOfTheSerializerForEveryDamagedLeaf) {
         std::string document;
         std::size_t step; // every which leaf is damaged
     } cases[] = {{CURRENT, JsonProfileListSerializer().serialize(makeFullList()), 1},
-                 {2, firstProfile(2), 7},
-                 {3, firstProfile(3), 11},
-                 {4, firstProfile(4), 13}};
+                 {2, firstProfile(2), 29},
+                 {3, firstProfile(3), 31},
+                 {4, firstProfile(4), 37}};
     for (const auto& [version, document, step] : cases) {
         const std::string text = std::regex_replace(document, std::regex("\n +"), "\n");
         ASSERT_EQ(firstError(text, version), "");
@@ -269,6 +269,25 @@ TEST(ProfileListValidator, FindsWhereATextStopsBeingAList) {
         const std::vector<std::string> lines = describeAll(text);
         EXPECT_EQ(lines.empty() ? "" : lines.front(), finding) << text;
     }
+}
+
+TEST(ProfileListValidator, ReadsValuesOfTheWrongKindWhateverTheyContain) {
+    // Alone, the array would take too much memory for a JSON value.
+    std::string deep = "[";
+    for (int count = 0; count < 2000; ++count)
+        deep += std::string(80, '[') + std::string(80, ']') + ",";
+    deep += "0]";
+    const std::string noObject = "[json.exception.type_error.304] cannot use at() with array";
+    const std::string typeError = "[json.exception.type_error.302] type must be ";
+    const std::array<std::string, 3> cases[] = {
+        {R"([)", "]", "[0]: " + noObject},
+        {R"([{"name":)", "}]", "[0].name: " + typeError + "string, but is array"},
+        {R"([{"trajectory":{"cameras":[)", "]}}]", "[0].trajectory.cameras.[0]: " + noObject},
+        {R"([{"lidar":{"imu_latency":{"presets":{"a":)", "}}}}]",
+         "[0].lidar.imu_latency.presets: " + typeError + "number, but is array"}};
+    for (const auto& [before, after, finding] : cases)
+        EXPECT_THAT(describeAll(before + deep + after + std::string(deep.size(), ' ')),
+                    testing::Contains(testing::EndsWith(" 2 " + finding)));
 }
 
 TEST(ProfileListValidator, KeepsErrorsWhenThereAreTooManyFindings) {
