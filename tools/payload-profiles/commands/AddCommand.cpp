@@ -56,7 +56,8 @@ Profile parseProfile(const AddArguments& arguments, const std::string& text) {
             .list();
     if (profiles.size() != 1)
         throw std::runtime_error("the document must contain one profile but contains " +
-                                 std::to_string(profiles.size()));
+                                 std::to_string(profiles.size()) +
+                                 (profiles.empty() ? "" : "; \"copy\" adds one of them, \"merge\" all"));
     if (!arguments.options.dropUnknown)
         requireNothingDropped(text);
     Profile profile = profiles.front();

@@ -20,8 +20,7 @@ void changeProfile(Context& context, const ProfileToChange& target,
     const FileToChange file(context.documents, target.file, FileToChange::Expected::File, target.options);
     const ProfileList list = file.read();
     const unsigned int id = parseId(target.id);
-    if (!list.existById(id))
-        throw Failure(target.file, "there is no profile " + target.id + "; nothing was changed");
+    requireProfiles(list, {id}, target.file, "; nothing was changed");
     const Profile before = *list.get(id);
     Profile after = about(target.file, [&] {
         try {

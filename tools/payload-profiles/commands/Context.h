@@ -5,6 +5,8 @@
 #include "terminal/Console.h"
 
 #include <memory>
+#include <set>
+#include <string>
 
 namespace norel::Desktop::PayloadProfiles {
 
@@ -18,9 +20,13 @@ struct Context {
 
     Console console;
     ExitCode exitCode = ExitCode::Success; ///< of a command that ends without an exception
-    DocumentAccess documents{std::make_shared<Storage::DurableTextFileStorage>(
-        [this](const std::string& notice) { console.showMessage("", notice); })};
+    DocumentAccess documents{
+        std::make_shared<Storage::DurableTextFileStorage>([this](const std::string& notice) {
+            if (notices.insert(notice).second) // a file and its backup lose the same
+                console.showMessage("", notice);
+        })};
     std::shared_ptr<DateTime::ClockProvider> clock = std::make_shared<DateTime::SystemClockProvider>();
+    std::set<std::string> notices; ///< that were shown
 };
 
 } // namespace norel::Desktop::PayloadProfiles

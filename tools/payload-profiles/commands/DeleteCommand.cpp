@@ -1,7 +1,6 @@
 #include "commands/Arguments.h"
 #include "commands/Commands.h"
 #include "documents/Drafts.h"
-#include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "documents/ProfileId.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/DeleteProfile.h"
@@ -17,15 +16,6 @@ struct DeleteArguments {
     ChangeOptions options;
 };
 
-void checkIds(const ProfileList& list, const std::set<unsigned int>& ids, const std::string& file) {
-    std::string unknown;
-    for (const unsigned int id : ids)
-        if (!list.existById(id))
-            unknown += (unknown.empty() ? "" : ", ") + std::to_string(id);
-    if (!unknown.empty())
-        throw Failure(file, "there is no profile " + unknown + "; nothing was deleted");
-}
-
 /// Deletes all of the profiles, or none on any error: the file is written once.
 void deleteProfiles(Context& context, const DeleteArguments& arguments) {
     std::set<unsigned int> ids;
@@ -34,7 +24,7 @@ void deleteProfiles(Context& context, const DeleteArguments& arguments) {
     const FileToChange file(context.documents, arguments.file, FileToChange::Expected::File,
                             arguments.options);
     const ProfileList list = file.read();
-    checkIds(list, ids, arguments.file);
+    requireProfiles(list, ids, arguments.file, "; nothing was deleted");
     const auto draft = std::make_shared<DraftStorage>(list);
     for (const unsigned int id : ids)
         UseCase::DeleteProfile(draft).execute(id);

@@ -26,18 +26,14 @@ struct ReportArguments {
 };
 
 std::vector<Profile> chooseProfiles(const ProfileList& list, const ReportArguments& arguments) {
-    std::set<unsigned int> missing;
+    std::set<unsigned int> ids;
     for (const std::string& id : arguments.ids)
-        missing.insert(parseId(id));
+        ids.insert(parseId(id));
+    requireProfiles(list, ids, arguments.source.getName());
     std::vector<Profile> chosen;
     for (const Profile& profile : list)
-        if (missing.erase(profile.getId()) > 0 || arguments.ids.empty())
+        if (ids.empty() || ids.contains(profile.getId()))
             chosen.push_back(profile);
-    std::string unknown;
-    for (const unsigned int id : missing)
-        unknown += (unknown.empty() ? "" : ", ") + std::to_string(id);
-    if (!unknown.empty())
-        throw Failure(arguments.source.getName(), "there is no profile " + unknown);
     return chosen;
 }
 
@@ -55,10 +51,9 @@ std::optional<Profile> findCounterpart(const Profile& profile, const ProfileList
 
 /// The profile of the source that all are compared with.
 Profile findReference(const ProfileList& list, const ReportArguments& arguments) {
-    const auto reference = list.get(parseId(arguments.against));
-    if (reference == list.end())
-        throw Failure(arguments.source.getName(), "there is no profile " + arguments.against);
-    return *reference;
+    const unsigned int id = parseId(arguments.against);
+    requireProfiles(list, {id}, arguments.source.getName());
+    return *list.get(id);
 }
 
 /// The chosen profiles, each with the one that it is compared with.

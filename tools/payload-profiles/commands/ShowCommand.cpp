@@ -1,6 +1,5 @@
 #include "commands/Arguments.h"
 #include "commands/Commands.h"
-#include "documents/Failure.h"
 #include "documents/ProfileId.h"
 #include "reports/ProfileReport.h"
 
@@ -26,15 +25,16 @@ std::string makeReport(const Context& context, const ShowArguments& arguments, P
 
 void show(Context& context, const ShowArguments& arguments) {
     const unsigned int id = parseId(arguments.id);
+    const ProfileList list = readSource(context.documents, arguments.source);
+    requireProfiles(list, {id}, arguments.source.getName());
     unsigned int index = 0;
-    for (const Profile& profile : readSource(context.documents, arguments.source)) {
+    for (const Profile& profile : list) {
         if (profile.getId() == id) {
             context.console.print(makeReport(context, arguments, profile, index));
             return;
         }
         ++index;
     }
-    throw Failure(arguments.source.getName(), "there is no profile " + arguments.id);
 }
 
 } // namespace

@@ -64,6 +64,8 @@ void requireChangeable(const std::string& file) {
     const Source source{file, {}};
     if (source.isBuiltIn() || source.isAddress()) // such as arguments in the wrong order
         throw Failure(source.getName(), "this is a source that cannot be changed");
+    if (file.empty())
+        throw Failure(file, "the name of a file cannot be empty");
 }
 
 FileLock lockFile(const std::string& file, const ChangeOptions& options) {
@@ -81,10 +83,17 @@ FileLock lockFile(const std::string& file, const ChangeOptions& options) {
 void keepBackup(const DocumentAccess& documents, const std::string& file) {
     const std::string backup = file + ".bak";
     about(backup, [&] {
-        const std::string text = documents.textFiles->read(file);
-        if (fs::exists(fs::symlink_status(backup)))
-            documents.textFiles->remove(backup); // a link itself, not what it leads to
-        documents.textFiles->create(backup, text, file);
+        const fs::path path = backup;
+        const fs::path draft = path.parent_path() / ('.' + path.filename().string() + ".norel-new");
+        if (fs::exists(fs::symlink_status(draft))) // a killed process left it
+            documents.textFiles->remove(draft);
+        documents.textFiles->create(draft, documents.textFiles->read(file), file);
+        std::error_code error;
+        fs::rename(draft, path, error); // replaces a link itself, not what it leads to
+        if (error) {
+            documents.textFiles->remove(draft);
+            throw std::runtime_error("cannot replace it: " + error.message());
+        }
     });
 }
 

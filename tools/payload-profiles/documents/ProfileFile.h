@@ -37,7 +37,7 @@ struct ChangeOptions {
 FileLock lockFile(const std::string& file, const ChangeOptions& options);
 
 /// Keeps the text of an existing file as FILE.bak, with the access of the file. A previous FILE.bak is
-/// replaced. Throws Failure.
+/// replaced once the new one is durable. Throws Failure.
 void keepBackup(const DocumentAccess& documents, const std::string& file);
 
 /// A file that a command reads, changes and writes under one lock; in a dry run it is neither locked nor

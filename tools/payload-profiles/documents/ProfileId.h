@@ -1,7 +1,8 @@
 #pragma once
 
-#include "norel/Desktop/Domain/Payloads/Profile.h"
+#include "norel/Desktop/Domain/Payloads/ProfileList.h"
 
+#include <set>
 #include <string>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -11,6 +12,10 @@ std::string checkId(const std::string& text);
 
 /// The id in a text that passed checkId.
 unsigned int parseId(const std::string& text);
+
+/// Throws Failure of `subject`, whose message ends with `consequence`, unless the list has all of the ids.
+void requireProfiles(const Domain::Payloads::ProfileList& list, const std::set<unsigned int>& ids,
+                     const std::string& subject, const std::string& consequence = "");
 
 /// `88 "Name"`, printable.
 std::string describe(const Domain::Payloads::Profile& profile);

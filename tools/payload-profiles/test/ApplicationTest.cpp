@@ -87,9 +87,17 @@ TEST_F(ApplicationTest, KeepsThePreviousTextAsABackup) {
     const std::string before = read("p.json");
     std::filesystem::remove(folder / "p.json.bak");
     std::filesystem::create_directory(folder / "p.json.bak");
+    expect("delete p.json 7 --backup", 2, "", failure("p.json.bak", "cannot replace it: Is a directory"));
+    std::filesystem::remove(folder / "p.json.bak");
+    write("p.json.bak", "older");
     expect("delete p.json 7 --backup", 2, "",
-           failure("p.json.bak", "cannot remove \"p.json.bak\": Is a directory"));
+           failure("p.json.bak", "cannot create \".p.json.bak.norel-new\": File too large"), "ulimit -f 2;");
+    EXPECT_EQ(read("p.json.bak"), "older");
     EXPECT_EQ(read("p.json"), before);
+    write(".p.json.bak.norel-new", "of a killed process");
+    runWell("delete p.json 7 --backup");
+    EXPECT_EQ(read("p.json.bak"), before);
+    EXPECT_EQ(listFiles(), "mine.json p.json p.json.bak profile.json ");
 }
 
 TEST_F(ApplicationTest, DropsMembersThatAreNotKnownOnlyWhenAskedTo) {
@@ -298,8 +306,11 @@ TEST_F(ApplicationTest, CreatesNoFileWhenACommandFails) {
                                 "delete missing.json 1", "upgrade missing.json", "merge missing.json p.json"})
         expect(command, 2, "", failure("missing.json", NO_FILE));
     expect("list ''", 2, "", failure("\"\"", NO_FILE));
+    for (const char* command : {"merge factory ''", "delete '' 5", "report factory -o ''"})
+        expect(command, 2, "", failure("\"\"", "the name of a file cannot be empty"));
     expect("add p.json two.json", 2, "",
-           failure("two.json", "the document must contain one profile but contains 14"));
+           failure("two.json", "the document must contain one profile but contains 14; \"copy\" adds one of "
+                               "them, \"merge\" all"));
     expect("show factory 12", 2, "", failure("factory", "there is no profile 12"));
     expect("merge two.json factory", 2, "", failure("factory", "this is a source that cannot be changed"));
     expect("merge factory p.json", 2, "", failure("p.json", "cannot create \"p.json\": File too large"),
