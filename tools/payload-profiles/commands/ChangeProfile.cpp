@@ -4,10 +4,19 @@
 #include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "documents/ProfileId.h"
+#include "documents/ReadDocument.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
 #include "reports/DifferenceReport.h"
 
 namespace norel::Desktop::PayloadProfiles {
+
+ProfileList readProfilesToCopy(Context& context, const Source& source) {
+    return readSource(context.documents, source, [&](const std::string& text) {
+        if (const std::string names = listDropped(text); !names.empty())
+            context.console.showMessage(source.getName(),
+                                        "members that are not known are left out: " + names);
+    });
+}
 
 void addProfileToChange(Command command, ProfileToChange& profile) {
     command.addArgument("FILE", profile.file, "The file to change");

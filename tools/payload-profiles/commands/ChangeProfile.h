@@ -14,6 +14,10 @@ struct ProfileToChange {
     ChangeOptions options;
 };
 
+/// The profiles of a source that are copied to a file. Shows which members of it are not known and thus are
+/// left out. Throws Failure.
+ProfileList readProfilesToCopy(Context& context, const Source& source);
+
 /// Adds the arguments FILE and ID and the options of a command that changes a file.
 void addProfileToChange(Command command, ProfileToChange& profile);
 

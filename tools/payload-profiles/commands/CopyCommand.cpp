@@ -1,4 +1,5 @@
 #include "commands/Arguments.h"
+#include "commands/ChangeProfile.h"
 #include "commands/Commands.h"
 #include "documents/Drafts.h"
 #include "documents/Failure.h"
@@ -18,11 +19,10 @@ struct CopyArguments {
     ChangeOptions options;
 };
 
-Profile readOriginal(const Context& context, const CopyArguments& arguments) {
-    const ProfileList source = readSource(context.documents, arguments.source);
+Profile readOriginal(Context& context, const CopyArguments& arguments) {
+    const ProfileList source = readProfilesToCopy(context, arguments.source);
     const unsigned int id = parseId(arguments.id);
-    if (!source.existById(id))
-        throw Failure(arguments.source.getName(), "there is no profile " + arguments.id);
+    requireProfiles(source, {id}, arguments.source.getName());
     return *source.get(id);
 }
 

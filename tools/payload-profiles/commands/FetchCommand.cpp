@@ -1,4 +1,5 @@
 #include "commands/Arguments.h"
+#include "commands/ChangeProfile.h"
 #include "commands/Commands.h"
 #include "documents/Failure.h"
 #include "documents/ProfileFile.h"
@@ -22,7 +23,7 @@ void fetch(Context& context, const FetchArguments& arguments) {
         requireNoFile(arguments.file); // avoids a useless download; checked again under the lock
     const auto expected =
         arguments.force ? FileToChange::Expected::Anything : FileToChange::Expected::Nothing;
-    const ProfileList list = readSource(context.documents, arguments.source);
+    const ProfileList list = readProfilesToCopy(context, arguments.source);
     const std::size_t number = list.list().size();
     if (number == 0 && !arguments.force)
         throw Failure(arguments.source.getName(),

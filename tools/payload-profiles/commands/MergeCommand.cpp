@@ -1,4 +1,5 @@
 #include "commands/Arguments.h"
+#include "commands/ChangeProfile.h"
 #include "commands/Commands.h"
 #include "documents/Drafts.h"
 #include "documents/ProfileFile.h"
@@ -22,7 +23,7 @@ ProfileList merged(const ProfileList& source, const ProfileList& list) {
 
 void merge(Context& context, const MergeArguments& arguments) {
     requireChangeable(arguments.file);
-    const ProfileList source = readSource(context.documents, arguments.source);
+    const ProfileList source = readProfilesToCopy(context, arguments.source);
     const FileToChange file(context.documents, arguments.file, FileToChange::Expected::Anything,
                             arguments.options);
     const ProfileList before = file.read();

@@ -50,10 +50,15 @@ void requireNoFile(const std::string& file) {
     });
 }
 
-ProfileList readFile(const DocumentAccess& documents, const std::string& file) {
+ProfileList readFile(const DocumentAccess& documents, const std::string& file, const TextObserver& onText) {
     requireFile(file);
-    return about(file,
-                 [&] { return readDocument(*documents.serializer, documents.textFiles->read(file), file); });
+    return about(file, [&] {
+        const std::string text = documents.textFiles->read(file);
+        ProfileList list = readDocument(*documents.serializer, text, file);
+        if (onText)
+            onText(text);
+        return list;
+    });
 }
 
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage) {

@@ -4,6 +4,7 @@
 #include "documents/FileLock.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,13 +16,17 @@ void requireFile(const std::string& file);
 /// Throws Failure when anything exists at the path, even a symbolic link that leads nowhere.
 void requireNoFile(const std::string& file);
 
+/// Takes the text of a document that was read.
+using TextObserver = std::function<void(const std::string& text)>;
+
 /// The profile list of an existing file. Throws Failure.
-ProfileList readFile(const DocumentAccess& documents, const std::string& file);
+ProfileList readFile(const DocumentAccess& documents, const std::string& file,
+                     const TextObserver& onText = {});
 
 /// The list of a storage; errors become a Failure of `subject`.
 ProfileList readProfiles(const std::string& subject, const std::shared_ptr<ProfileListStorage>& storage);
 
-/// Throws Failure for a source that cannot be changed.
+/// Throws Failure for a source that cannot be changed, and for an empty name.
 void requireChangeable(const std::string& file);
 
 /// How a command changes a file.

@@ -41,18 +41,21 @@ Domain::Payloads::ProfileList readDocument(const Domain::Payloads::ProfileListSe
     }
 }
 
-void requireNothingDropped(const std::string& text) {
+std::string listDropped(const std::string& text) {
     constexpr std::size_t maximumNumber = 20;
     const std::vector<Finding> members = findDroppedMembers(text);
-    if (members.empty())
-        return;
     std::string names;
     for (std::size_t i = 0; i < std::min(members.size(), maximumNumber); ++i)
         names += (i > 0 ? ", " : "") + members[i].path + inLine(members[i]);
     if (members.size() > maximumNumber)
         names += " and " + counted(members.size() - maximumNumber, "other");
-    throw std::runtime_error("writing this document would drop members that are not known: " + names +
-                             "; --drop-unknown drops them");
+    return names;
+}
+
+void requireNothingDropped(const std::string& text) {
+    if (const std::string names = listDropped(text); !names.empty())
+        throw std::runtime_error("writing this document would drop members that are not known: " + names +
+                                 "; --drop-unknown drops them");
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -16,8 +16,11 @@ Domain::Payloads::ProfileList readDocument(const Domain::Payloads::ProfileListSe
 /// line in `text`, as far as they are known.
 std::string describeError(const std::string& text, unsigned int version, const std::string& message);
 
-/// Throws std::runtime_error, which names paths and lines, for a document with members that would be lost if
-/// it were written again.
+/// The paths and lines of the members that are lost when a document is read and written again, separated by
+/// commas; empty when there are none.
+std::string listDropped(const std::string& text);
+
+/// Throws std::runtime_error, which names them, for a document that has such members.
 void requireNothingDropped(const std::string& text);
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -73,7 +73,7 @@ std::string findPassword(const Source& source) {
     return source.location.substr(begin, at - begin);
 }
 
-/// Keeps what is asked and the status of the answer, for messages.
+/// Keeps what is asked and the answer, for messages.
 class ObservedClient : public HttpClient {
 public:
     explicit ObservedClient(const CurlHttpClient::Options& options) : client(options) {}
@@ -82,10 +82,12 @@ public:
         url = request.url;
         Response response = client.send(request);
         status = response.statusCode;
+        body = response.body;
         return response;
     }
 
     std::string url;
+    std::string body;
     std::uint32_t status = 0; ///< 0 without an answer
 
 private:
@@ -103,7 +105,8 @@ std::string makeAdvice(const ObservedClient& client, bool hasKey) {
     return {};
 }
 
-ProfileList readAddress(const DocumentAccess& documents, const Source& source, const std::string& key) {
+ProfileList readAddress(const DocumentAccess& documents, const Source& source, const std::string& key,
+                        const TextObserver& onText) {
     const std::string baseUrl = source.location + (source.location.back() == '/' ? "" : "/");
     const auto progress = std::make_shared<Progress>();
     CurlHttpClient::Options options;
@@ -112,8 +115,11 @@ ProfileList readAddress(const DocumentAccess& documents, const Source& source, c
     };
     const auto client = std::make_shared<ObservedClient>(options);
     try {
-        return readProfiles(source.getName(), std::make_shared<ProfileListHttpStorage>(baseUrl, client, key,
-                                                                                       documents.serializer));
+        ProfileList list = readProfiles(source.getName(), std::make_shared<ProfileListHttpStorage>(
+                                                              baseUrl, client, key, documents.serializer));
+        if (onText)
+            onText(Text::masked(client->body, key));
+        return list;
     } catch (const Failure& failure) { // which may quote secrets that the server repeats
         const std::string message = failure.what() + makeAdvice(*client, !key.empty());
         throw Failure(failure.subject, Text::masked(Text::masked(message, key), findPassword(source)));
@@ -139,14 +145,14 @@ std::string Source::getName() const {
     return location.substr(0, user) + location.substr(at + 1);
 }
 
-ProfileList readSource(const DocumentAccess& documents, const Source& source) {
+ProfileList readSource(const DocumentAccess& documents, const Source& source, const TextObserver& onText) {
     if (source.isBuiltIn())
         return readProfiles(source.getName(), std::make_shared<ProfileListDefaultProductsStorage>());
     if (!source.isAddress())
-        return readFile(documents, source.location);
+        return readFile(documents, source.location, onText);
     return about(source.getName(), [&] {
         checkAddress(source);
-        return readAddress(documents, source, readKey(source));
+        return readAddress(documents, source, readKey(source), onText);
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/DocumentAccess.h"
+#include "documents/ProfileFile.h"
 
 #include <string>
 
@@ -21,7 +21,8 @@ struct Source {
     std::string getName() const;
 };
 
-/// The profiles of a source. Throws Failure.
-ProfileList readSource(const DocumentAccess& documents, const Source& source);
+/// The profiles of a source. `onText` is not called for the built-in ones. Throws Failure.
+ProfileList readSource(const DocumentAccess& documents, const Source& source,
+                       const TextObserver& onText = {});
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -110,13 +110,18 @@ TEST_F(ApplicationTest, DropsMembersThatAreNotKnownOnlyWhenAskedTo) {
     const auto line =
         1 + std::count(document.begin(),
                        document.begin() + static_cast<std::ptrdiff_t>(document.find("maximun")), '\n');
-    const std::string refusal = "writing this document would drop members that are not known: [0].nme (line "
-                                "4), [0].lidar.imu_latency.maximun (line " +
-                                std::to_string(line) + "); --drop-unknown drops them";
+    const std::string members =
+        "[0].nme (line 4), [0].lidar.imu_latency.maximun (line " + std::to_string(line) + ")";
+    const std::string refusal = "writing this document would drop members that are not known: " + members +
+                                "; --drop-unknown drops them";
     for (const char* command : {"add p.json profile.json", "delete p.json 88", "merge factory p.json",
                                 "add profile.json p.json", "delete p.json 88 --dry-run"})
         expect(command, 2, "", failure("p.json", refusal));
     EXPECT_EQ(read("p.json"), document);
+    for (const char* command : {"merge p.json new.json --dry-run", "copy p.json 88 new.json --dry-run"})
+        EXPECT_EQ(run(command), 0) << command;
+    EXPECT_EQ(read("captured/messages"),
+              failure("p.json", "members that are not known are left out: " + members));
     expect("add p.json profile.json --drop-unknown", 0, "added 5 \"Tessaly Alpha\"\n");
     expect("delete p.json 88", 0, "deleted 88 \"Korvane Alpha Fine\"\n");
 }

@@ -26,6 +26,10 @@ protected:
         server.Get(std::string("/echo") + RESOURCE, [](const auto&, auto& response) {
             response.set_content("[\"the-key s%65cret", "text/plain");
         });
+        server.Get(std::string("/newer") + RESOURCE, [](const auto&, auto& response) {
+            response.set_content(replaced(makeDocument(5), "\"uploads\": null", "\"the-key\": 1"),
+                                 "application/json");
+        });
         server.Get(std::string("/gone") + RESOURCE, [](const auto&, auto& response) {
             response.status = 404;
             response.set_content("no \x1b[31msuch page", "text/plain");
@@ -63,6 +67,9 @@ TEST_F(ServiceTest, ReadsProfilesFromTheService) {
     runWell("show " + address("/") + " 5 --json", withKey);
     expect("fetch " + address("/") + " saved.json", 0, "saved 1 profile to saved.json\n", "", withKey);
     EXPECT_EQ(read("saved.json"), read("p.json"));
+    expect("fetch " + address("/newer/") + " newer.json", 0, "saved 1 profile to newer.json\n",
+           failure(address("/newer/"), "members that are not known are left out: [0].*** (line 172)"),
+           withKey);
 }
 
 TEST_F(ServiceTest, ReplacesAnExistingFileOnlyWithForce) {
