@@ -99,6 +99,15 @@ bool isBelow(const MemberPath& path, const MemberPath& parent) {
 
 } // namespace
 
+bool isMember(const MemberPath& path) {
+    try {
+        findSchema(path);
+        return true;
+    } catch (const Json::JsonError&) { // no such key
+        return false;
+    }
+}
+
 std::string describeRefusal(const MemberPath& path, const Assignment& assignment, const std::string& reason) {
     return printable(assignment.path) + '=' + printable(assignment.value) + ": " + reason +
            describeChoices(path);

@@ -56,6 +56,9 @@ private:
     mutable std::set<MemberPath> used;
 };
 
+/// Whether some profile has a member at the path.
+bool isMember(const MemberPath& path);
+
 /// "PATH=VALUE: reason", printable, with the values that the member allows where they are a list.
 std::string describeRefusal(const MemberPath& path, const Assignment& assignment, const std::string& reason);
 

@@ -37,7 +37,25 @@ MemberPath parsePath(const std::string& text) {
     return path;
 }
 
-[[noreturn]] void refuseUnknown(const std::vector<ProfileMember>& members, const std::string& text) {
+/// Throws when the path leads into a section that profiles may have but this one has not.
+void refuseAbsent(const Json& document, const MemberPath& path) {
+    MemberPath section;
+    for (const std::string& step : path) {
+        section.push_back(step);
+        if (findValue(document, section))
+            continue;
+        if (parseIndex(step) || !isMember(path))
+            return;
+        const std::string name = toText(section);
+        throw std::runtime_error(
+            "the profile has no " + inQuotes(name) + "; \"reset FILE ID " + name +
+            " --factory\" adds that of the factory profile of its product, if it has one");
+    }
+}
+
+[[noreturn]] void refuseUnknown(const Json& document, const std::vector<ProfileMember>& members,
+                                const std::string& text) {
+    refuseAbsent(document, parsePath(text));
     const std::string path = toText(parsePath(text));
     std::vector<std::string> candidates;
     std::vector<std::string> endings;
@@ -106,16 +124,19 @@ Profile build(const Profile& profile, const std::vector<ProfileMember>& members,
     for (const auto& [path, assignment] : edits) {
         if (std::ranges::find(members, path, &ProfileMember::path) != members.end())
             continue;
+        const MemberPath parent(path.begin(), path.end() - (path.empty() ? 0 : 1));
+        if (!parent.empty() && parent.back() == PARAMETER_PRESETS && !findValue(document, parent))
+            document = withValue(document, parent, Json::fromString("{}")).value_or(document);
         const auto added = withValue(document, path, Json(0)); // the reader takes the value of the assignment
         if (!added || findValue(document, path))
-            refuseUnknown(members, assignment.path);
+            refuseUnknown(document, members, assignment.path);
         document = *added;
     }
     const EditReader reader(edits);
     Profile::Builder builder;
     reader.fromJson(JsonPath(document), builder, {});
     if (const Assignment* unused = reader.findUnused())
-        refuseUnknown(members, unused->path);
+        refuseUnknown(document, members, unused->path);
     return builder.build();
 }
 
@@ -170,7 +191,7 @@ Profile withDefaults(const Profile& profile, const std::vector<std::string>& pat
             assignments[parameter.path] = {parameter.path, numberToText(*parameter.defaultValue)};
         }
         if (!isKnown)
-            refuseUnknown(listMembers(profile), text);
+            refuseUnknown(makeDocument(profile), listMembers(profile), text);
         if (!hasDefault)
             throw std::runtime_error(path + " has no default; --factory resets it to the factory profile");
     }
@@ -199,7 +220,7 @@ Profile withFactoryValues(const Profile& profile, const Profile& factory,
         const auto value = findValue(source, path);
         const auto changed = value ? withValue(document, path, *value) : std::nullopt;
         if (!changed || path.empty())
-            refuseUnknown(listMembers(factory), text);
+            refuseUnknown(source, listMembers(factory), text);
         document = *changed;
     }
     Profile result = readProfile(document);

@@ -15,6 +15,9 @@ using MemberPath = std::vector<std::string>;
 /// The key of the number that a parameter stands for.
 inline constexpr const char* PARAMETER_VALUE = "value";
 
+/// The key of the named values of a parameter.
+inline constexpr const char* PARAMETER_PRESETS = "presets";
+
 /// A number, a text, a flag or a list of texts in the document of a profile.
 struct ProfileMember {
     MemberPath path;

@@ -42,6 +42,9 @@ TEST_F(EditTest, SetsMembersOfAProfile) {
          "  lidar.imu_latency: 0.002 -> 1.5 sec\n  lidar.imu_latency.maximum: 1 -> 2 sec\n"},
         {neighbors + "=@mountainous", "  " + neighbors + ": 20 -> 40\n"},
         {"'" + neighbors + ".presets.my site=30'", "  " + neighbors + ".presets.my site: absent -> 30\n"},
+        {"'lidar.imu_latency.presets.my site=0.5' lidar.imu_latency.presets.b=0",
+         "  lidar.imu_latency.presets: absent -> present\n"},
+        {"lidar.imu_latency=@b", "  lidar.imu_latency: 1.5 -> 0 sec\n"},
         {".trajectory.cameras[0].kappa_cardinal.value=90",
          "  trajectory.cameras.[0].kappa_cardinal: -90 -> 90 deg\n"},
         {"lidar.georeferencing.field_of_views.[0].view.minimum=-80",
@@ -81,6 +84,12 @@ TEST_F(EditTest, SetsAllMembersOrNone) {
          R"(there is no "trajectory.cameras.[1].orientation" in the profile; did you mean )"
          "trajectory.cameras.[0].orientation?"},
         {"frobnicate=1", R"(there is no "frobnicate" in the profile)"},
+        {"trajectory.imu_external.lever_arm.x=1",
+         R"(the profile has no "trajectory.imu_external"; "reset FILE ID trajectory.imu_external --factory" )"
+         "adds that of the factory profile of its product, if it has one"},
+        {"lidar.lidar_coverage_preview.downsampling_rate.presets.a=1",
+         R"(there is no "lidar.lidar_coverage_preview.downsampling_rate.presets.a" in the profile; did )"
+         "you mean lidar.lidar_coverage_preview.downsampling_rate?"},
         {"lidar.lever_arm=1",
          R"("lidar.lever_arm" is a section; name one of its members, such as lidar.lever_arm.x)"},
         {"id=5", "id cannot be assigned"},
@@ -103,6 +112,9 @@ TEST_F(EditTest, ResetsMembersOfAProfile) {
     EXPECT_THAT(runWell("show p.json 88"), testing::Not(testing::HasSubstr("differs from its default")));
     runWell("set p.json 88 lidar.imu_latency.maximum=2");
     runWell("reset p.json 88 --factory");
+    expect("diff p.json factory --by product", 0, "");
+    write("p.json", replaced(makeDocument(88), "\"lidar\"", "\"l\""));
+    runWell("reset p.json 88 lidar --factory --drop-unknown");
     expect("diff p.json factory --by product", 0, "");
     const std::pair<const char*, const char*> refusals[] = {
         {"lidar.imu", R"(there is no "lidar.imu" in the profile)"},
