@@ -39,12 +39,15 @@ Validation validateFile(Context& context, const std::string& file) {
     return about(file == "-" ? "standard input" : file, [&] {
         Progress progress;
         const std::string name = printable(file);
-        progress.show("reading " + name);
+        constexpr std::size_t large = 50'000'000; // parsed in a second or so
         const std::string text = readDocument(context, file);
-        return validateDocument(text, [&](std::size_t bytes) {
+        const auto showChecked = [&](std::size_t bytes) {
             progress.show("checked " + std::to_string(bytes / 1024) + " of " +
-                          std::to_string(text.size() / 1024) + " KiB of " + name);
-        });
+                              std::to_string(text.size() / 1024) + " KiB of " + name,
+                          bytes == 0 && text.size() > large);
+        };
+        showChecked(0);
+        return validateDocument(text, showChecked);
     });
 }
 

@@ -10,9 +10,10 @@ Progress::~Progress() {
         Terminal::writeMessage("\r\x1b[K");
 }
 
-void Progress::show(const std::string& line) {
+void Progress::show(const std::string& line, bool isUrgent) {
+    const bool isEarly = std::chrono::steady_clock::now() - start < std::chrono::seconds(1);
     const auto width = Terminal::getMessageWidth();
-    if (!width || std::chrono::steady_clock::now() - start < std::chrono::seconds(1))
+    if (!width || (isEarly && !isUrgent))
         return;
     isShown = true;
     Terminal::writeMessage("\r\x1b[K" + shortened(line, *width));

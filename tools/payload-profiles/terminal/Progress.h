@@ -14,8 +14,9 @@ public:
     Progress& operator=(const Progress&) = delete;
     ~Progress();
 
-    /// `line` must be printable.
-    void show(const std::string& line);
+    /// `line` must be printable. `isUrgent`: even within the first second, before work that will not return
+    /// here for long.
+    void show(const std::string& line, bool isUrgent = false);
 
 private:
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
