@@ -1,10 +1,14 @@
 #include "commands/Completion.h"
 
+#include "commands/ProfileEdit.h"
 #include "documents/Failure.h"
 #include "documents/Source.h"
+#include "reports/ProfileMembers.h"
+#include "reports/ProfileParameters.h"
 #include "terminal/Text.h"
 
 #include <algorithm>
+#include <set>
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
@@ -32,8 +36,11 @@ public:
         return !positionals.empty() && positionals.back().takesSeveral ? &positionals.back() : nullptr;
     }
 
-    /// The first positional argument, which names the file of all commands with ids.
-    std::string getFile() const { return values.empty() ? "" : values.front(); }
+    /// The first positional argument, which names the source of all commands with ids.
+    Source getSource() const { return {values.empty() ? "" : values.front(), {}}; }
+
+    /// The second positional argument, which is the id in all commands with paths.
+    std::string getId() const { return values.size() < 2 ? "" : values[1]; }
 
     const ArgumentSyntax* findOption(const std::string& name) const {
         const auto option = std::ranges::find_if(command.options, [&](const ArgumentSyntax& candidate) {
@@ -67,6 +74,8 @@ class Candidates {
 public:
     explicit Candidates(const std::string& beginningOfWord) : beginning(beginningOfWord) {}
 
+    const std::string& getBeginning() const { return beginning; }
+
     void add(const std::string& word, const std::string& description) {
         if (word.starts_with(beginning))
             lines += word + '\t' + description + '\n';
@@ -92,27 +101,65 @@ void addOptions(const CommandSyntax& command, Candidates& candidates) {
 }
 
 /// Of a file or the factory profiles: nobody expects a key press to contact a service.
-void addIds(const DocumentAccess& documents, const Source& source, Candidates& candidates) {
-    if (source.isAddress())
-        return;
+std::vector<Profile> readProfiles(const DocumentAccess& documents, const Source& source) {
     try {
-        for (const Profile& profile : readSource(documents, source))
-            candidates.add(std::to_string(profile.getId()), printable(profile.getName()));
+        return source.isAddress() ? std::vector<Profile>() : readSource(documents, source).list();
     } catch (const Failure&) { // ignored: the command itself reports it
+        return {};
     }
+}
+
+/// The parameters and other members of a profile that a command changes; `ending` follows each.
+void addMembers(const Profile& profile, const std::string& ending, Candidates& candidates) {
+    std::set<MemberPath> parameters;
+    const std::vector<ProfileMember> members = listMembers(profile);
+    for (const ProfileMember& member : members)
+        if (member.isParameterValue)
+            parameters.insert(MemberPath(member.path.begin(), member.path.end() - 1));
+    const auto isPartOfParameter = [&](MemberPath path) {
+        for (; !path.empty(); path.pop_back())
+            if (parameters.contains(path))
+                return true;
+        return false;
+    };
+    for (const ProfileMember& member : members)
+        if (isChangeable(member) && (member.isParameterValue || !isPartOfParameter(member.path)))
+            candidates.add(describePath(member) + ending,
+                           member.text + (member.unit ? ' ' + printable(*member.unit) : ""));
+}
+
+/// The names of the presets of the parameter that the word assigns to.
+void addPresets(const Profile& profile, Candidates& candidates) {
+    for (const ProfileParameter& parameter : listSettings(profile).parameters)
+        if (candidates.getBeginning().starts_with(parameter.path + '='))
+            for (const auto& [name, number] : parameter.presets)
+                candidates.add(parameter.path + "=@" + name, numberToText(number));
 }
 
 /// Candidates for a value, by what the help calls it.
 void addValues(const std::string& name, const CommandSyntax& application, const DocumentAccess& documents,
-               const std::string& file, Candidates& candidates) {
+               const PartialLine& line, Candidates& candidates) {
     if (name == "COMMAND")
         addCommands(application, candidates);
     if (name == "ID")
-        addIds(documents, Source{file, {}}, candidates);
+        for (const Profile& profile : readProfiles(documents, line.getSource()))
+            candidates.add(std::to_string(profile.getId()), printable(profile.getName()));
+    if (name == "PATH" || name == "PATH=VALUE")
+        for (const Profile& profile : readProfiles(documents, line.getSource()))
+            if (std::to_string(profile.getId()) == line.getId()) {
+                addMembers(profile, name == "PATH" ? "" : "=", candidates);
+                addPresets(profile, candidates);
+            }
     if (name.starts_with("SOURCE"))
         candidates.add("factory", "The built-in profiles");
     if (name.starts_with("SOURCE") || name.find("FILE") != std::string::npos)
         candidates.addFiles();
+}
+
+/// "--option=" at the beginning of a word; empty when there is none.
+std::string findOptionName(const std::string& word) {
+    const std::size_t equals = word.find('=');
+    return word.starts_with("--") && equals != std::string::npos ? word.substr(0, equals + 1) : "";
 }
 
 } // namespace
@@ -120,7 +167,8 @@ void addValues(const std::string& name, const CommandSyntax& application, const 
 std::string completeWords(const CommandSyntax& application, const Words& words,
                           const DocumentAccess& documents) {
     const std::string last = words.empty() ? "" : words.back();
-    Candidates candidates(last);
+    const std::string option = findOptionName(last);
+    Candidates candidates(last.substr(option.size()));
     if (words.size() < 2) {
         addCommands(application, candidates);
         if (last.starts_with('-'))
@@ -132,12 +180,16 @@ std::string completeWords(const CommandSyntax& application, const Words& words,
         return {};
     const PartialLine line(*command, Words(words.begin() + 1, words.end() - 1));
     const ArgumentSyntax* positional = line.getNextPositional();
-    if (const ArgumentSyntax* option = line.getOpenOption())
-        addValues(option->value, application, documents, line.getFile(), candidates);
+    if (const ArgumentSyntax* open = line.getOpenOption())
+        addValues(open->value, application, documents, line, candidates);
+    else if (const ArgumentSyntax* named = option.empty() || !line.mayHaveOptions()
+                                               ? nullptr
+                                               : line.findOption(option.substr(0, option.size() - 1)))
+        addValues(named->value, application, documents, line, candidates);
     else if (line.mayHaveOptions() && last.starts_with('-'))
         addOptions(*command, candidates);
     else if (positional != nullptr)
-        addValues(positional->names.front(), application, documents, line.getFile(), candidates);
+        addValues(positional->names.front(), application, documents, line, candidates);
     return candidates.getLines();
 }
 

@@ -9,8 +9,9 @@
 namespace norel::Desktop::PayloadProfiles {
 
 /// What the last word of an incomplete command line may become: a line for each candidate, the word, a tab
-/// and its description; and the line ":files" where file names are possible. `words` do not include the
-/// application's name. Errors only shorten the answer.
+/// and its description; and the line ":files" where file names are possible. Of a last word "--option=value"
+/// they concern the value alone. `words` do not include the application's name. Errors only shorten the
+/// answer.
 std::string completeWords(const CommandSyntax& application, const std::vector<std::string>& words,
                           const DocumentAccess& documents);
 

@@ -162,6 +162,10 @@ Profile readProfile(const Json& document) {
 
 } // namespace
 
+bool isChangeable(const ProfileMember& member) {
+    return std::ranges::find(UNCHANGEABLE, toText(member.path)) == UNCHANGEABLE.end();
+}
+
 Profile withAssignments(const Profile& profile, const std::vector<Assignment>& assignments) {
     const std::vector<ProfileMember> members = listMembers(profile);
     const EditReader::Edits edits = findMembers(profile, members, assignments);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "norel/Desktop/Domain/Payloads/Profile.h"
+#include "reports/ProfileMembers.h"
 
 #include <string>
 #include <vector>
@@ -13,7 +14,10 @@ struct Assignment {
     std::string value; ///< "@NAME" for the preset of a parameter
 };
 
-// All functions return a changed copy of a profile, or throw std::runtime_error, which names the path.
+/// Whether a member can be assigned: not the id and the time of the last change, which commands set.
+bool isChangeable(const ProfileMember& member);
+
+// The functions below return a changed copy of a profile, or throw std::runtime_error, which names the path.
 // A path may be written as in messages ("trajectory.cameras.[0].lever_arm.x") or as in JSON tools
 // (".trajectory.cameras[0].lever_arm.x").
 

@@ -3,11 +3,12 @@
 function __payload_profiles_complete
     set -l words (string replace --regex '^~/' "$HOME/" -- (commandline --tokenize --current-process --cut-at-cursor))
     set -l current (commandline --current-token --cut-at-cursor)
+    set -l option (string match --regex -- '^--[^=]*=' "$current") # the candidates are for the value alone
     for line in ($words[1] complete $words[2..] "$current" 2>/dev/null)
         if test "$line" = :files
-            __fish_complete_path "$current"
+            string replace --regex -- '^' "$option" (__fish_complete_path (string replace -- "$option" '' "$current"))
         else
-            echo $line
+            echo "$option$line"
         end
     end
 end

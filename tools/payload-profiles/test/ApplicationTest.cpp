@@ -386,14 +386,28 @@ TEST_F(ApplicationTest, CompletesCommandLines) {
         {"complete show fact", "factory\tThe built-in profiles\n:files\n"},
         {"complete add -- --na", ":files\n"},
         {"complete list --key-file ''", ":files\n"},
+        {"complete list --key-file=", ":files\n"},
+        {"complete report factory --against=fa", "factory\tThe built-in profiles\n:files\n"},
+        {"complete set 'my profiles.json' 88 x=1 lidar.imu", "lidar.imu_latency=\t0.001 sec\n"},
+        {"complete set 'my profiles.json' 88 lidar.ground_classification.number_of_neighbors=@h",
+         "lidar.ground_classification.number_of_neighbors=@hilly natural\t40\n"
+         "lidar.ground_classification.number_of_neighbors=@hilly urban\t30\n"},
+        {"complete reset factory 5 trajectory.imu_onboard.mounting_angles.x",
+         "trajectory.imu_onboard.mounting_angles.x\t0 deg\n"},
+        {"complete set factory 6 ''", ""},
         {"complete help up", "upgrade\tConvert a file of an earlier release to a later document version\n"},
         {"complete lst p", ""}};
     for (const auto& [command, candidates] : cases)
         expect(command, 0, candidates);
-    const std::array<std::string, 2> words[] = {{"de", "delete\n"},
-                                                {"show 'my\\ profiles.json' ''", "88\n"},
-                                                {"merge http : //host/ my", "my profiles.json\n"},
-                                                {"list --key-file = my", "my profiles.json\n"}};
+    const std::array<std::string, 2> words[] = {
+        {"de", "delete\n"},
+        {"show 'my\\ profiles.json' ''", "88\n"},
+        {"merge http : //host/ my", "my profiles.json\n"},
+        {"list --key-file = my", "my profiles.json\n"},
+        {"set factory 88 na", "name=\n"},
+        {"set factory 88 lidar.imu_latency = @x", "\n"},
+        {"set factory 88 lidar.ground_classification.number_of_neighbors =@ 'hilly\\ u'",
+         "@hilly\\ urban\n"}};
     for (const auto& [line, candidates] : words)
         expect(line, 0, candidates, "", "bash complete.sh");
 }
