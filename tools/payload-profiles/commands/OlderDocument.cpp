@@ -4,6 +4,7 @@
 #include "documents/Drafts.h"
 #include "documents/Failure.h"
 #include "documents/ProfileFile.h"
+#include "documents/ReadDocument.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 
@@ -76,8 +77,15 @@ std::vector<ComparedProfile> readForComparison(const DocumentAccess& documents, 
             about(source.location, [&] { return documents.textFiles->read(source.location); });
         const auto version = findVersionOf(text);
         if (version && *version != DocumentVersions::getCurrent())
-            return about(source.location,
-                         [&] { return readOlder(documents, text, *version, source.location); });
+            return about(source.location, [&] {
+                try {
+                    return readOlder(documents, text, *version, source.location);
+                } catch (const std::bad_alloc&) {
+                    throw;
+                } catch (const std::exception& error) {
+                    throw std::runtime_error(describeError(text, *version, error.what()));
+                }
+            });
     }
     std::vector<ComparedProfile> compared;
     for (const Profile& profile : readSource(documents, source))

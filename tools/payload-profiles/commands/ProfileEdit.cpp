@@ -53,9 +53,7 @@ void refuseAbsent(const Json& document, const MemberPath& path) {
     }
 }
 
-[[noreturn]] void refuseUnknown(const Json& document, const std::vector<ProfileMember>& members,
-                                const std::string& text) {
-    refuseAbsent(document, parsePath(text));
+[[noreturn]] void refuseUnknown(const std::vector<ProfileMember>& members, const std::string& text) {
     const std::string path = toText(parsePath(text));
     std::vector<std::string> candidates;
     std::vector<std::string> endings;
@@ -128,15 +126,17 @@ Profile build(const Profile& profile, const std::vector<ProfileMember>& members,
         if (!parent.empty() && parent.back() == PARAMETER_PRESETS && !findValue(document, parent))
             document = withValue(document, parent, Json::fromString("{}")).value_or(document);
         const auto added = withValue(document, path, Json(0)); // the reader takes the value of the assignment
-        if (!added || findValue(document, path))
-            refuseUnknown(document, members, assignment.path);
+        if (!added || findValue(document, path)) {
+            refuseAbsent(document, path);
+            refuseUnknown(members, assignment.path);
+        }
         document = *added;
     }
     const EditReader reader(edits);
     Profile::Builder builder;
     reader.fromJson(JsonPath(document), builder, {});
     if (const Assignment* unused = reader.findUnused())
-        refuseUnknown(document, members, unused->path);
+        refuseUnknown(members, unused->path);
     return builder.build();
 }
 
@@ -194,8 +194,10 @@ Profile withDefaults(const Profile& profile, const std::vector<std::string>& pat
             hasDefault = true;
             assignments[parameter.path] = {parameter.path, numberToText(*parameter.defaultValue)};
         }
-        if (!isKnown)
-            refuseUnknown(makeDocument(profile), listMembers(profile), text);
+        if (!isKnown) {
+            refuseAbsent(makeDocument(profile), parsePath(text));
+            refuseUnknown(listMembers(profile), text);
+        }
         if (!hasDefault)
             throw std::runtime_error(path + " has no default; --factory resets it to the factory profile");
     }
@@ -223,8 +225,12 @@ Profile withFactoryValues(const Profile& profile, const Profile& factory,
         const MemberPath path = parsePath(text);
         const auto value = findValue(source, path);
         const auto changed = value ? withValue(document, path, *value) : std::nullopt;
-        if (!changed || path.empty())
-            refuseUnknown(source, listMembers(factory), text);
+        if (!value && isMember(path))
+            throw std::runtime_error("the factory profile of the product has no " + inQuotes(text));
+        if (!changed || path.empty()) {
+            refuseAbsent(document, path);
+            refuseUnknown(listMembers(factory), text);
+        }
         document = *changed;
     }
     Profile result = readProfile(document);

@@ -114,6 +114,10 @@ TEST_F(EditTest, ResetsMembersOfAProfile) {
     runWell("reset p.json 88 --factory");
     expect("diff p.json factory --by product", 0, "");
     write("p.json", replaced(makeDocument(88), "\"lidar\"", "\"l\""));
+    expect("reset p.json 88 lidar.imu_latency --factory --drop-unknown", 2, "",
+           failure("p.json",
+                   "nothing was changed: the profile has no \"lidar\"; \"reset FILE ID lidar --factory\" "
+                   "adds that of the factory profile of its product, if it has one"));
     runWell("reset p.json 88 lidar --factory --drop-unknown");
     expect("diff p.json factory --by product", 0, "");
     const std::pair<const char*, const char*> refusals[] = {
@@ -121,6 +125,8 @@ TEST_F(EditTest, ResetsMembersOfAProfile) {
         {"lidar.lidar_coverage_preview",
          "lidar.lidar_coverage_preview has no default; --factory resets it to the "
          "factory profile"},
+        {"trajectory.imu_external --factory",
+         R"(the factory profile of the product has no "trajectory.imu_external")"},
         {"lidar.imu_latncy --factory",
          R"(there is no "lidar.imu_latncy" in the profile; did you mean lidar.imu_latency?)"}};
     for (const auto& [path, message] : refusals)
@@ -158,6 +164,11 @@ TEST_F(EditTest, ComparesProfiles) {
     expect("diff p.json q.json --by size", 2, "",
            "payload-profiles: --by: must be id, name or product\n"
            "payload-profiles: see payload-profiles diff --help\n");
+    write("old.json",
+          replaced(replaced(document, "\"dsm\"", "\"other\""), "\"value\": 0.001,", "\"value\": 9,"));
+    expect("diff p.json old.json", 2, "",
+           failure("old.json", "Profile Parameter: value (9) must be within min/max (-1/1) at "
+                               "[0].lidar.imu_latency.value (line 16)"));
     expect("diff p.json missing.json", 2, "", failure("missing.json", "there is no such file"));
 }
 
