@@ -3,7 +3,9 @@
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 #include "norel/Desktop/Storage/DurableTextFileStorage.h"
 
+#include <functional>
 #include <memory>
+#include <string>
 
 namespace norel::Desktop::PayloadProfiles {
 
@@ -14,5 +16,8 @@ struct DocumentAccess {
     std::shared_ptr<Storage::DurableTextFileStorage> textFiles;
     std::shared_ptr<ProfileListSerializer> serializer = std::make_shared<JsonProfileListSerializer>();
 };
+
+/// Takes the text of a document that was read.
+using TextObserver = std::function<void(const std::string& text)>;
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -4,7 +4,6 @@
 #include "documents/FileLock.h"
 #include "norel/Desktop/Domain/Payloads/ProfileListStorage.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,9 +14,6 @@ void requireFile(const std::string& file);
 
 /// Throws Failure when anything exists at the path, even a symbolic link that leads nowhere.
 void requireNoFile(const std::string& file);
-
-/// Takes the text of a document that was read.
-using TextObserver = std::function<void(const std::string& text)>;
 
 /// The profile list of an existing file. Throws Failure.
 ProfileList readFile(const DocumentAccess& documents, const std::string& file,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/ProfileFile.h"
+#include "documents/DocumentAccess.h"
 
 #include <string>
 
