@@ -133,7 +133,8 @@ void addPresets(const Profile& profile, Candidates& candidates) {
     for (const ProfileParameter& parameter : listSettings(profile).parameters)
         if (candidates.getBeginning().starts_with(parameter.path + '='))
             for (const auto& [name, number] : parameter.presets)
-                candidates.add(parameter.path + "=@" + name, numberToText(number));
+                if (printable(name) == name) // no shell can show any other
+                    candidates.add(parameter.path + "=@" + name, numberToText(number));
 }
 
 /// Candidates for a value, by what the help calls it.
@@ -180,14 +181,16 @@ std::string completeWords(const CommandSyntax& application, const Words& words,
         return {};
     const PartialLine line(*command, Words(words.begin() + 1, words.end() - 1));
     const ArgumentSyntax* positional = line.getNextPositional();
-    if (const ArgumentSyntax* open = line.getOpenOption())
-        addValues(open->value, application, documents, line, candidates);
-    else if (const ArgumentSyntax* named = option.empty() || !line.mayHaveOptions()
-                                               ? nullptr
-                                               : line.findOption(option.substr(0, option.size() - 1)))
+    const ArgumentSyntax* const open = line.getOpenOption();
+    const bool isOption = line.mayHaveOptions() && last.starts_with('-');
+    const ArgumentSyntax* const named =
+        open || !isOption ? open : line.findOption(option.substr(0, option.find('=')));
+    if (named != nullptr)
         addValues(named->value, application, documents, line, candidates);
-    else if (line.mayHaveOptions() && last.starts_with('-'))
+    else if (isOption && option.empty())
         addOptions(*command, candidates);
+    else if (isOption)
+        return {};
     else if (positional != nullptr)
         addValues(positional->names.front(), application, documents, line, candidates);
     return candidates.getLines();

@@ -387,6 +387,7 @@ TEST_F(ApplicationTest, CompletesCommandLines) {
         {"complete add -- --na", ":files\n"},
         {"complete list --key-file ''", ":files\n"},
         {"complete list --key-file=", ":files\n"},
+        {"complete list --key=", ""},
         {"complete report factory --against=fa", "factory\tThe built-in profiles\n:files\n"},
         {"complete set 'my profiles.json' 88 x=1 lidar.imu", "lidar.imu_latency=\t0.001 sec\n"},
         {"complete set 'my profiles.json' 88 lidar.ground_classification.number_of_neighbors=@h",
