@@ -27,10 +27,15 @@ void forEachRow(Texts& texts, const Visit& visit) {
     (typename ReadingOrder<Value>::Positions());
 }
 
+// The callbacks of the following functions have one type for all callers: with a type for each, the functions
+// would be compiled anew for each, for all members of members.
+
+using OnMember = std::function<void(ProfileListValidator::Kind kind, const JsonItems& member)>;
+
 /// `onOther` is called for each unknown member, and for each that replaces an earlier one of the same key.
-template <typename Value, typename OnOther>
+template <typename Value>
 MemberTexts<Value> findMembers(std::string_view object, JsonProfileListSerializer::Options options,
-                               const OnOther& onOther) {
+                               const OnMember& onOther) {
     using Kind = ProfileListValidator::Kind;
     MemberTexts<Value> texts;
     if (object.front() != '{')
@@ -58,11 +63,13 @@ bool isWithin(const void* field, const Object& object) {
     return !less(field, &object) && less(field, &object + 1);
 }
 
+using OnPlace = std::function<void(const JsonProfileListSerializer::JsonPath& path, std::string_view text)>;
+
 /// Calls `report` with the path and the text of the innermost member that contains `field`. `value` is a
 /// builder or a member of one, and `text` its text.
-template <typename Value, typename Report>
+template <typename Value>
 void locate(const void* field, const JsonProfileListSerializer::JsonPath& path, std::string_view text,
-            const Value& value, JsonProfileListSerializer::Options options, const Report& report) {
+            const Value& value, JsonProfileListSerializer::Options options, const OnPlace& report) {
     bool isFound = false;
     if constexpr (requires { value.has_value(); }) {
         return locate(field, path, text, *value, options, report);
