@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+/// JSON values and text.
 namespace norel::Desktop::DataFormat {
 
 class JsonConstIterator;

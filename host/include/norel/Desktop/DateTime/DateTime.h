@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+/// Instants, their ISO 8601 text, and clocks.
 namespace norel::Desktop::DateTime {
 
 /// An instant in UTC with a resolution of a nanosecond; a plain value. The default is the Unix epoch,

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+/// Text files.
 namespace norel::Desktop::Storage {
 
 /// Reads and writes whole text files; implemented by the application. Failures are exceptions, those of

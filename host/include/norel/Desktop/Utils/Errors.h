@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 
+/// Small helpers for texts and errors.
 namespace norel::Desktop::Utils {
 
 /// An internal invariant is violated.

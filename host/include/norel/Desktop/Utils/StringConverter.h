@@ -6,6 +6,7 @@
 
 namespace norel::Desktop::Utils {
 
+/// Changes the case of texts.
 struct StringConverter {
     /// `text` with the letters a to z in upper case. All other bytes, and so all characters outside ASCII,
     /// are unchanged, whatever the locale. Thread-safe.

@@ -7,6 +7,7 @@
 
 namespace norel::Desktop::Utils {
 
+/// Takes texts apart.
 struct StringFunctions {
     /// The pieces of `text` between occurrences of `delimiter`, in order. Adjacent, leading and trailing
     /// delimiters give empty pieces, so joining the pieces with the delimiter gives the text again. An empty

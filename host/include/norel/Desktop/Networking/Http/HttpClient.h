@@ -6,6 +6,7 @@
 #include <exception>
 #include <string>
 
+/// HTTP requests.
 namespace norel::Desktop::Networking::Http {
 
 /// Sends HTTP requests; implemented by the application. The implementation defines whether threads may share
@@ -54,6 +55,7 @@ protected:
     HttpClient& operator=(const HttpClient&) = default;
 };
 
+/// The fields of a request, none of which is checked.
 struct HttpClient::Request::Builder {
     Method method = Method::Get;
     std::string url;

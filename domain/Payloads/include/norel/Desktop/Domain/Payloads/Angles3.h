@@ -33,6 +33,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT Angles3::Builder {
     Parameter<double>::Builder roll;
     Parameter<double>::Builder pitch;

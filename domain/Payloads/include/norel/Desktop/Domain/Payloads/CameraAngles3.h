@@ -33,6 +33,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT CameraAngles3::Builder {
     Parameter<double>::Builder tx;
     Parameter<double>::Builder ty;

@@ -13,6 +13,7 @@ namespace norel::Desktop::Domain::Payloads {
 /// A named text document with a calibration. Both texts are free-form and may be empty.
 class NOREL_PAYLOADS_EXPORT CalibrationDocument {
 public:
+    /// The fields of a document; valid with any contents.
     struct NOREL_PAYLOADS_EXPORT Builder {
         std::string name;
         std::string content; ///< the whole text

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+/// The settings of the ground classification and of the digital surface model.
 namespace norel::Desktop::Domain::Payloads::GroundClassification {
 
 /// How points are segmented into planar regions; used for the interior and for the hull.

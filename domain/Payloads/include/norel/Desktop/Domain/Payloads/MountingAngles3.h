@@ -33,6 +33,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT MountingAngles3::Builder {
     Parameter<int>::Builder x;
     Parameter<int>::Builder y;

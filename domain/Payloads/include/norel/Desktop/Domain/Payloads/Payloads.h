@@ -14,6 +14,7 @@
 ///
 /// Threads. Distinct objects may be used by distinct threads, and one value may be read by several threads at
 /// once. Storages and use cases must be serialized by the application where they share a document.
+namespace norel::Desktop::Domain::Payloads {}
 
 #include "norel/Desktop/DataFormat/Json.h"
 #include "norel/Desktop/DateTime/ClockProvider.h"

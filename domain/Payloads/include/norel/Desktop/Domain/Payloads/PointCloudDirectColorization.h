@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+/// The settings of the direct colorization of the point cloud.
 namespace norel::Desktop::Domain::Payloads::PointCloudDirectColorization {
 
 /// The lens distortion of the camera model, without unit.
@@ -154,6 +155,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT PointCloudDirectColorization::Builder {
     Parameter<double>::Builder flightHeight;
     Parameter<unsigned int>::Builder imageReadSamplingFactor;

@@ -35,6 +35,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT MorphologicalRejection::Builder {
     Parameter<unsigned int>::Builder averagePointCloudDensity;
     Parameter<double>::Builder outlyingScoreThreshold;
@@ -86,6 +87,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT PrecisionEnhancement::Builder {
     Parameter<double>::Builder averagePointCloudThickness;
     Parameter<double>::Builder suppressionThreshold;

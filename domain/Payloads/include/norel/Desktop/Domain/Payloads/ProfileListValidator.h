@@ -43,6 +43,7 @@ public:
         std::vector<std::string> choices;               ///< all that the member accepts
     };
 
+    /// One error or warning.
     struct Finding {
         Severity severity;
         Kind kind;
@@ -58,6 +59,7 @@ public:
         Constraints constraints;
     };
 
+    /// What was found in a document.
     struct Result {
         std::vector<Finding> findings; ///< in the order of the document, an error before a warning
         bool isCut = false;            ///< whether there were more than MAXIMUM_FINDINGS

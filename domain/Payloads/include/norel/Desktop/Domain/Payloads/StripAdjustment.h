@@ -4,6 +4,7 @@
 #include "norel/Desktop/Domain/Payloads/Export.h"
 #include "norel/Desktop/Domain/Payloads/Parameter.h"
 
+/// The settings of the strip adjustment.
 namespace norel::Desktop::Domain::Payloads::StripAdjustment {
 
 /// How the points of a strip are prepared: their neighbourhoods, and the intersections and lines between
@@ -51,6 +52,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT Preprocessing::Builder {
     Parameter<double>::Builder neighborsSearchRadius;
     Parameter<unsigned int>::Builder minimumNeighborsToBeProcessed;
@@ -97,6 +99,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT Sampling::Builder {
     Parameter<unsigned int>::Builder readFractionDenominator;
     Parameter<unsigned int>::Builder normalSampleSize;
@@ -134,6 +137,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT Rejection::Builder {
     Parameter<double>::Builder maximumAngle;
     Parameter<double>::Builder stdEstimationFactor;
@@ -176,6 +180,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT Minimization::Builder {
     Parameter<double>::Builder lsAngleEpsilon;
     Parameter<double>::Builder lsDistanceEpsilon;
@@ -219,6 +224,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT StripAdjustment::Builder {
     Parameter<double>::Builder temporalTimeFrame;
     Sampling::Builder sampling;

@@ -34,6 +34,7 @@ private:
     Fields fields;
 };
 
+/// Throws only what its members throw; a default-constructed Builder is valid.
 struct NOREL_PAYLOADS_EXPORT Vector3::Builder {
     Parameter<double>::Builder x;
     Parameter<double>::Builder y;

@@ -38,6 +38,7 @@ namespace norel::Desktop::Networking::Http {
 /// repeats them. The body of a successful response is not changed.
 class NOREL_NETWORKING_EXPORT CurlHttpClient : public HttpClient {
 public:
+    /// Time limits, size limits and trusted certificates.
     struct Options {
         /// For one connection, including name resolution and TLS; 1 ms to 2^31 - 1 ms.
         std::chrono::milliseconds connectTimeout = std::chrono::seconds(10);

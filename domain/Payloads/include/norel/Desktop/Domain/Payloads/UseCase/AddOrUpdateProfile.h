@@ -6,6 +6,7 @@
 
 #include <memory>
 
+/// Operations on stored lists, each of which reads a whole list, changes it and writes it back.
 namespace norel::Desktop::Domain::Payloads::UseCase {
 
 /// Stores a profile: replaces the stored one with the same id, or appends it to the list. One
