@@ -342,7 +342,7 @@ TEST_F(ApplicationTest, RejectsAnInvalidCommandLine) {
     expect("delete p.json 010x", 2, "", wrong("ID: \"010x\" is not a profile id", " delete"));
     expect("factory --document-version 6", 2, "",
            wrong("--document-version: Value 6 not in range 2 to 5", " factory"));
-    expect("--version", 0, "payload-profiles 1.0.0\n");
+    expect("--version", 0, "payload-profiles 1.1.0\n");
 }
 
 TEST_F(ApplicationTest, ExplainsItselfIn80Columns) {
