@@ -2,21 +2,36 @@
 
 include(GenerateExportHeader)
 
+# The folder with the code for the system that is built for.
+if(WIN32)
+    set(NOREL_SYSTEM windows)
+else()
+    set(NOREL_SYSTEM posix)
+endif()
+
 function(norel_configure_target target)
     target_compile_features(${target} PUBLIC cxx_std_20)
     set_target_properties(${target} PROPERTIES
         CXX_EXTENSIONS OFF
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
-    if(MSVC)
-        target_compile_options(${target} PRIVATE /W4 /utf-8 $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:/WX>)
+    if(WIN32)
+        target_compile_definitions(${target} PRIVATE
+            WIN32_LEAN_AND_MEAN NOMINMAX UNICODE _WIN32_WINNT=0x0A00) # Windows 10
+    endif()
+    if(MSVC) # C4251, C4275: exported classes have members and bases of the standard library
+        target_compile_options(${target} PRIVATE /W4 /wd4251 /wd4275 /utf-8 /permissive- /EHsc
+            $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:/WX>)
         return()
     endif()
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wold-style-cast -Wimplicit-fallthrough -Wshadow -Wconversion -Wsign-conversion
         -Woverloaded-virtual -Wnon-virtual-dtor
-        $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:-Werror>
-        -fno-plt -fno-semantic-interposition) # a document is read and written by very many small calls
+        $<$<BOOL:${NOREL_WARNINGS_AS_ERRORS}>:-Werror>)
+    if(NOT WIN32)
+        # A document is read and written by very many small calls.
+        target_compile_options(${target} PRIVATE -fno-plt -fno-semantic-interposition)
+    endif()
     if(NOREL_SANITIZERS)
         target_compile_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS} -fno-sanitize-recover=all)
         target_link_options(${target} PRIVATE -fsanitize=${NOREL_SANITIZERS})
@@ -72,7 +87,8 @@ function(norel_precompile_test_headers)
     target_precompile_headers(norel-test-headers PRIVATE <gmock/gmock.h>)
 endfunction()
 
-# norel_add_test(TARGET SOURCES ... LIBRARIES ...): adds a GoogleTest program, each of whose tests is a CTest test.
+# norel_add_test(TARGET SOURCES ... LIBRARIES ...): adds a GoogleTest program, each of whose tests is a CTest test; on
+# Windows the whole program is one.
 function(norel_add_test target)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES")
     add_executable(${target} ${ARG_SOURCES})
@@ -85,5 +101,10 @@ function(norel_add_test target)
         norel_precompile_test_headers()
         target_precompile_headers(${target} REUSE_FROM norel-test-headers)
     endif()
-    gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    if(WIN32) # starting a program takes longer than most tests
+        add_test(NAME ${target} COMMAND ${target} --gtest_brief=1)
+        set_tests_properties(${target} PROPERTIES TIMEOUT 600)
+    else()
+        gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    endif()
 endfunction()

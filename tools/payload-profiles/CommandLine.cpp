@@ -7,9 +7,8 @@
 #include "documents/Source.h"
 #include "reports/HelpReport.h"
 #include "terminal/Terminal.h"
-#include "terminal/Text.h"
+#include "text/Utf8Path.h"
 
-#include <filesystem>
 #include <string_view>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -35,7 +34,7 @@ void concealPasswords(Console& console, int argumentCount, const char* const* ar
         const bool isOption = argument.starts_with("--");
         const Source value{isOption ? argument.substr(argument.find('=') + 1) : argument, {}};
         console.conceal(value.location, value.getName());
-        const Source fileName{std::filesystem::path(value.location).filename().string(), {}};
+        const Source fileName{Text::toUtf8(Text::makePath(value.location).filename()), {}};
         console.conceal(fileName.location, fileName.getName()); // a lock file's name may contain it
     }
 }

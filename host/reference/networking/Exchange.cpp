@@ -3,6 +3,7 @@
 #include "CurlOption.h"
 #include "Reception.h"
 #include "text/PrintableText.h"
+#include "text/Utf8Path.h"
 
 #include <algorithm>
 #include <array>
@@ -46,7 +47,7 @@ void setProtocol(CURL* connection, const CurlHttpClient::Options& options, const
     setOption(connection, CURLOPT_SSL_VERIFYHOST, 2L);
     setOption(connection, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
     if (!options.certificateFile.empty())
-        setOption(connection, CURLOPT_CAINFO, options.certificateFile.string().c_str());
+        setOption(connection, CURLOPT_CAINFO, Text::toUtf8(options.certificateFile).c_str());
     if (address.scheme == "http")
         setOption(connection, CURLOPT_PROXY, ""); // none, whatever the environment says
     setOption(connection, CURLOPT_NOSIGNAL, 1L);  // signals belong to the application
@@ -91,7 +92,7 @@ std::string reasonOf(CURLcode code, CURL* connection, const char* detail, const 
         return "a header line of the answer is too long, or memory is short";
     const long systemError = getInfo(connection, CURLINFO_OS_ERRNO, 0L);
     if (code == CURLE_COULDNT_CONNECT && systemError != 0)
-        return "cannot connect: " + std::generic_category().message(static_cast<int>(systemError));
+        return "cannot connect: " + std::system_category().message(static_cast<int>(systemError));
     return *detail != '\0' ? Text::printableText(context.credentials.masked(detail), MAXIMUM_SHOWN_BYTES)
                            : curl_easy_strerror(code);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "System.h"
+
 #include <atomic>
 #include <chrono>
 #include <stdexcept>
@@ -7,10 +9,6 @@
 #include <thread>
 #include <utility>
 #include <vector>
-
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace norel::Desktop::Test {
 
@@ -25,7 +23,7 @@ public:
           pause(pauseAfterEach),
           isEndless(isAnswerEndless),
           listener(::socket(AF_INET, SOCK_STREAM, 0)) {
-        sockaddr_in address{};
+        address = {};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         socklen_t size = sizeof address;
@@ -39,7 +37,7 @@ public:
 
     ~RawServer() {
         stop();
-        ::close(listener);
+        closeSocket(listener);
     }
 
     RawServer(const RawServer&) = delete;
@@ -51,36 +49,42 @@ public:
     /// Stops the server and gives what all connections began with.
     std::string stop() {
         isStopping = true;
-        ::shutdown(listener, SHUT_RDWR); // ends accept()
-        if (thread.joinable())
-            thread.join();
+        if (!thread.joinable())
+            return received;
+        const Socket waker = ::socket(AF_INET, SOCK_STREAM, 0); // ends accept()
+        ::connect(waker, reinterpret_cast<sockaddr*>(&address), sizeof address);
+        thread.join();
+        closeSocket(waker);
         return received;
     }
 
 private:
     void serve() {
-        for (int peer = ::accept(listener, nullptr, nullptr); peer >= 0;
-             peer = ::accept(listener, nullptr, nullptr)) {
+        while (!isStopping) {
+            const Socket peer = ::accept(listener, nullptr, nullptr);
+            if (peer == static_cast<Socket>(-1))
+                return;
             char request[4096];
-            const ssize_t size = ::recv(peer, request, sizeof request, 0);
+            const auto size = isStopping ? 0 : ::recv(peer, request, sizeof request, 0);
             received.append(request, size > 0 ? static_cast<std::size_t>(size) : 0);
             std::size_t next = 0;
             while (next < pieces.size() && !isStopping && send(peer, pieces[next])) {
                 std::this_thread::sleep_for(pause);
                 next += isEndless && next + 1 == pieces.size() ? 0U : 1U;
             }
-            ::close(peer);
+            closeSocket(peer);
         }
     }
 
-    static bool send(int peer, const std::string& piece) {
-        return ::send(peer, piece.data(), piece.size(), MSG_NOSIGNAL) >= 0;
+    static bool send(Socket peer, const std::string& piece) {
+        return ::send(peer, piece.data(), static_cast<Size>(piece.size()), SEND_FLAGS) >= 0;
     }
 
     std::vector<std::string> pieces;
     std::chrono::milliseconds pause;
     bool isEndless;
-    int listener;
+    Socket listener;
+    sockaddr_in address{};
     int port = 0;
     std::atomic<bool> isStopping = false;
     std::string received;

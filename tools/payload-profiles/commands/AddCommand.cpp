@@ -8,6 +8,7 @@
 #include "norel/Desktop/Domain/Payloads/UseCase/AddOrUpdateProfile.h"
 #include "terminal/Terminal.h"
 #include "terminal/Text.h"
+#include "text/Utf8Path.h"
 
 #include <optional>
 
@@ -68,8 +69,9 @@ Profile parseProfile(const AddArguments& arguments, const std::string& text) {
 Profile readProfile(const Context& context, const AddArguments& arguments) {
     const bool isInput = arguments.profileFile == STANDARD_INPUT;
     return about(isInput ? "standard input" : arguments.profileFile, [&] {
-        return parseProfile(arguments, isInput ? Terminal::readInput()
-                                               : context.documents.textFiles->read(arguments.profileFile));
+        return parseProfile(
+            arguments, isInput ? Terminal::readInput()
+                               : context.documents.textFiles->read(Text::makePath(arguments.profileFile)));
     });
 }
 

@@ -7,6 +7,7 @@
 #include "documents/ReadDocument.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
+#include "text/Utf8Path.h"
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
@@ -23,12 +24,13 @@ std::optional<unsigned int> findVersionOf(const std::string& text) {
     return std::nullopt;
 }
 
-std::string upgraded(const std::string& text, unsigned int from, const std::string& file) {
+std::string upgraded(const std::string& text, unsigned int from) {
+    const std::filesystem::path draftFile; // the draft is one file, whatever its path
     const auto draft = std::make_shared<DraftTextFileStorage>(text);
     for (unsigned int version = from + 1; version <= DocumentVersions::getCurrent(); ++version)
-        ProfileUpgrade().upgradeToVersion(version, draft, file,
+        ProfileUpgrade().upgradeToVersion(version, draft, draftFile,
                                           DefaultProducts::getSourceDocumentFromVersionInfo(version));
-    return draft->read(file);
+    return draft->read(draftFile);
 }
 
 /// The document of a profile with the values that the older document has.
@@ -52,8 +54,8 @@ std::vector<MemberPath> listLacking(const Json& stored, unsigned int version) {
 }
 
 std::vector<ComparedProfile> readOlder(const DocumentAccess& documents, const std::string& text,
-                                       unsigned int version, const std::string& file) {
-    const ProfileList list = documents.serializer->deserialize(upgraded(text, version, file));
+                                       unsigned int version) {
+    const ProfileList list = documents.serializer->deserialize(upgraded(text, version));
     const Json older = Json::fromString(text);
     std::vector<ComparedProfile> compared;
     auto stored = older.begin();
@@ -73,8 +75,8 @@ std::vector<ComparedProfile> readOlder(const DocumentAccess& documents, const st
 std::vector<ComparedProfile> readForComparison(const DocumentAccess& documents, const Source& source) {
     if (!source.isBuiltIn() && !source.isAddress()) {
         requireFile(source.location);
-        const std::string text =
-            about(source.location, [&] { return documents.textFiles->read(source.location); });
+        const std::string text = about(
+            source.location, [&] { return documents.textFiles->read(Text::makePath(source.location)); });
         const auto version = findVersionOf(text);
         if (version && *version != DocumentVersions::getCurrent())
             return about(source.location, [&] {

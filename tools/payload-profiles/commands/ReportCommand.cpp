@@ -7,6 +7,7 @@
 #include "reports/HtmlReport.h"
 #include "terminal/OpenOnDesktop.h"
 #include "terminal/Text.h"
+#include "text/Utf8Path.h"
 
 #include <algorithm>
 #include <set>
@@ -90,23 +91,24 @@ void checkOutput(const ReportArguments& arguments) {
         return requireNoFile(arguments.output);
     for (const std::string& input : {arguments.source.location, arguments.against}) {
         std::error_code isDifferent;
-        if (fs::equivalent(input, arguments.output, isDifferent))
+        if (fs::equivalent(Text::makePath(input), Text::makePath(arguments.output), isDifferent))
             throw Failure(arguments.output, "the report would replace the profiles that it is made from");
     }
 }
 
 void writePage(const Context& context, const ReportArguments& arguments, const std::string& page) {
     about(arguments.output, [&] {
+        const fs::path output = Text::makePath(arguments.output);
         if (arguments.force)
-            context.documents.textFiles->write(arguments.output, page);
+            context.documents.textFiles->write(output, page);
         else
-            context.documents.textFiles->create(followLinks(arguments.output), page);
+            context.documents.textFiles->create(followLinks(output), page);
     });
 }
 
 void openPage(const std::string& file) {
     try {
-        openOnDesktop(file);
+        openOnDesktop(Text::makePath(file));
     } catch (const std::exception& error) {
         throw Failure(file, std::string("the report is saved, but not opened: ") + error.what());
     }

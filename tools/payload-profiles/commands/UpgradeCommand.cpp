@@ -9,6 +9,7 @@
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 #include "reports/ChangeReport.h"
 #include "terminal/Text.h"
+#include "text/Utf8Path.h"
 
 #include <filesystem>
 #include <system_error>
@@ -30,11 +31,12 @@ struct UpgradeArguments {
 std::string upgraded(Context& context, const UpgradeArguments& arguments, unsigned int from,
                      const std::string& text) {
     const auto draft = std::make_shared<DraftTextFileStorage>(text);
+    const fs::path draftFile; // the draft is one file, whatever its path
     const Tense tense = arguments.options.dryRun ? Tense::WouldBe : Tense::Done;
     for (unsigned int version = from + 1; version <= arguments.to; ++version) {
-        const std::string report = makeStepReport(draft->read(arguments.file), version, tense);
+        const std::string report = makeStepReport(draft->read(draftFile), version, tense);
         try {
-            ProfileUpgrade().upgradeToVersion(version, draft, arguments.file,
+            ProfileUpgrade().upgradeToVersion(version, draft, draftFile,
                                               DefaultProducts::getSourceDocumentFromVersionInfo(version));
         } catch (const std::bad_alloc&) {
             throw;
@@ -44,7 +46,7 @@ std::string upgraded(Context& context, const UpgradeArguments& arguments, unsign
         }
         context.console.print(report);
     }
-    return draft->read(arguments.file);
+    return draft->read(draftFile);
 }
 
 /// The upgrade of `text`, a document of version `from`, must be one that the library reads if it is of the
@@ -67,14 +69,15 @@ void checkReadable(const Context& context, const UpgradeArguments& arguments, un
 /// The text of an existing backup, empty when there is none. An empty file, which an interrupted upgrade may
 /// leave, does not count as one.
 std::string readBackup(const Context& context, const std::string& backup) {
-    return fs::exists(backup) ? context.documents.textFiles->read(backup) : "";
+    const fs::path path = Text::makePath(backup);
+    return fs::exists(path) ? context.documents.textFiles->read(path) : "";
 }
 
 /// Where the original is kept. Throws when another backup exists there.
 std::string chooseBackup(const Context& context, const UpgradeArguments& arguments, unsigned int from,
                          const std::string& text) {
     std::string backup = arguments.file + ".v" + std::to_string(from) + ".bak";
-    if (fs::is_symlink(backup)) // it may lead to the file itself
+    if (fs::is_symlink(Text::makePath(backup))) // it may lead to the file itself
         throw Failure(backup, "this backup is a symbolic link; move it away, or upgrade with --no-backup");
     const std::string existing = readBackup(context, backup);
     if (!existing.empty() && existing != text)
@@ -89,8 +92,9 @@ void makeBackup(const Context& context, const std::string& file, const std::stri
                 const std::string& text) {
     if (!readBackup(context, backup).empty())
         return; // the existing backup has the same text
-    fs::remove(backup);
-    context.documents.textFiles->create(backup, text, file);
+    const fs::path path = Text::makePath(backup);
+    fs::remove(path);
+    context.documents.textFiles->create(path, text, Text::makePath(file));
 }
 
 void upgradeFrom(Context& context, const UpgradeArguments& arguments, unsigned int from,
@@ -107,7 +111,7 @@ void upgradeFrom(Context& context, const UpgradeArguments& arguments, unsigned i
         makeBackup(context, arguments.file, backup, text);
     if (arguments.options.backup)
         keepBackup(context.documents, arguments.file);
-    context.documents.textFiles->write(arguments.file, newText);
+    context.documents.textFiles->write(Text::makePath(arguments.file), newText);
     context.console.print(printable(arguments.file) + " is now version " + std::to_string(arguments.to) +
                           (backup.empty() ? "" : "; the original was kept as " + printable(backup)) + '\n');
 }
@@ -142,8 +146,10 @@ void upgradeText(Context& context, const UpgradeArguments& arguments, const std:
 void upgrade(Context& context, const UpgradeArguments& arguments) {
     requireFile(arguments.file);
     const auto readAndUpgrade = [&] {
-        about(arguments.file,
-              [&] { upgradeText(context, arguments, context.documents.textFiles->read(arguments.file)); });
+        about(arguments.file, [&] {
+            upgradeText(context, arguments,
+                        context.documents.textFiles->read(Text::makePath(arguments.file)));
+        });
     };
     if (arguments.options.dryRun)
         return readAndUpgrade();

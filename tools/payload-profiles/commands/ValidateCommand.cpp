@@ -6,6 +6,7 @@
 #include "terminal/Progress.h"
 #include "terminal/Terminal.h"
 #include "terminal/Text.h"
+#include "text/Utf8Path.h"
 
 namespace norel::Desktop::PayloadProfiles {
 namespace {
@@ -32,7 +33,7 @@ std::string readDocument(Context& context, const std::string& file) {
     if (file == "-")
         return Terminal::readInput();
     requireFile(file);
-    return context.documents.textFiles->read(file);
+    return context.documents.textFiles->read(Text::makePath(file));
 }
 
 Validation validateFile(Context& context, const std::string& file) {

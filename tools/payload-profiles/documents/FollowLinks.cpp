@@ -1,5 +1,7 @@
 #include "documents/FollowLinks.h"
 
+#include "text/Utf8Path.h"
+
 #include <system_error>
 
 namespace norel::Desktop::PayloadProfiles {
@@ -15,7 +17,7 @@ std::filesystem::path followLinks(const std::filesystem::path& path) {
         target = target.parent_path() / next;
     }
     throw std::system_error(std::make_error_code(std::errc::too_many_symbolic_link_levels),
-                            "cannot follow \"" + path.string() + '"');
+                            "cannot follow \"" + Text::toUtf8(path) + '"');
 }
 
 } // namespace norel::Desktop::PayloadProfiles

@@ -6,6 +6,7 @@
 #include "documents/Source.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/GetProfileListFromStorage.h"
 #include "terminal/Text.h"
+#include "text/Utf8Path.h"
 
 #include <chrono>
 #include <system_error>
@@ -32,20 +33,20 @@ bool findExpected(const std::string& file, FileToChange::Expected expected) {
         requireFile(file); // once more: it may have been removed before it was locked
     if (expected == Expected::Nothing)
         requireNoFile(file);
-    return about(file, [&] { return fs::exists(file); });
+    return about(file, [&] { return fs::exists(Text::makePath(file)); });
 }
 
 } // namespace
 
 void requireFile(const std::string& file) {
     std::error_code error;
-    if (!fs::exists(file, error))
+    if (!fs::exists(Text::makePath(file), error))
         throw Failure(Source{file, {}}.getName(), error ? error.message() : "there is no such file");
 }
 
 void requireNoFile(const std::string& file) {
     about(file, [&] {
-        if (fs::exists(fs::symlink_status(file)))
+        if (fs::exists(fs::symlink_status(Text::makePath(file))))
             throw Failure(file, "the file already exists; --force replaces it");
     });
 }
@@ -53,7 +54,7 @@ void requireNoFile(const std::string& file) {
 ProfileList readFile(const DocumentAccess& documents, const std::string& file, const TextObserver& onText) {
     requireFile(file);
     return about(file, [&] {
-        const std::string text = documents.textFiles->read(file);
+        const std::string text = documents.textFiles->read(Text::makePath(file));
         ProfileList list = readDocument(*documents.serializer, text, file);
         if (onText)
             onText(text);
@@ -77,7 +78,7 @@ FileLock lockFile(const std::string& file, const ChangeOptions& options) {
     requireChangeable(file);
     return about(file, [&] {
         try {
-            return FileLock(file, std::chrono::seconds(options.waitSeconds));
+            return FileLock(Text::makePath(file), std::chrono::seconds(options.waitSeconds));
         } catch (const FileLock::TimedOut& error) {
             throw Failure(file, std::string(error.what()) + " after " +
                                     counted(options.waitSeconds, "second") + "; --wait SECONDS waits longer");
@@ -88,11 +89,14 @@ FileLock lockFile(const std::string& file, const ChangeOptions& options) {
 void keepBackup(const DocumentAccess& documents, const std::string& file) {
     const std::string backup = file + ".bak";
     about(backup, [&] {
-        const fs::path path = backup;
-        const fs::path draft = path.parent_path() / ('.' + path.filename().string() + ".norel-new");
+        const fs::path path = Text::makePath(backup);
+        fs::path draft = path.parent_path() / ".";
+        draft += path.filename();
+        draft += ".norel-new";
         if (fs::exists(fs::symlink_status(draft))) // a killed process left it
             documents.textFiles->remove(draft);
-        documents.textFiles->create(draft, documents.textFiles->read(file), file);
+        const fs::path source = Text::makePath(file);
+        documents.textFiles->create(draft, documents.textFiles->read(source), source);
         std::error_code error;
         fs::rename(draft, path, error); // replaces a link itself, not what it leads to
         if (error) {
@@ -114,7 +118,7 @@ ProfileList FileToChange::read() const {
     if (!exists)
         return {};
     return about(file, [&] {
-        const std::string text = documents.textFiles->read(file);
+        const std::string text = documents.textFiles->read(Text::makePath(file));
         ProfileList list = readDocument(*documents.serializer, text, file);
         if (!options.dropUnknown)
             requireNothingDropped(text);
@@ -128,11 +132,12 @@ void FileToChange::write(const ProfileList& list) const {
     if (exists && options.backup)
         keepBackup(documents, file);
     about(file, [&] {
+        const fs::path path = Text::makePath(file);
         const std::string text = documents.serializer->serialize(list);
         if (exists)
-            documents.textFiles->write(file, text);
+            documents.textFiles->write(path, text);
         else // never replaces what another process has just made
-            documents.textFiles->create(followLinks(file), text);
+            documents.textFiles->create(followLinks(path), text);
     });
 }
 

@@ -9,6 +9,7 @@
 #include "terminal/Progress.h"
 #include "terminal/Text.h"
 #include "text/MaskedText.h"
+#include "text/Utf8Path.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -24,7 +25,7 @@ using Networking::Http::HttpClient;
 std::string readKeyFile(const std::string& name) {
     constexpr std::size_t limit = 65536;
     std::string text(limit + 1, '\0');
-    std::ifstream file(name, std::ios::binary);
+    std::ifstream file(Text::makePath(name), std::ios::binary);
     file.read(text.data(), static_cast<std::streamsize>(text.size()));
     if (!file.is_open() || file.bad())
         throw Failure(name, "cannot read the key file");

@@ -99,8 +99,8 @@ Parameter<T> Parameter<T>::Builder::build() const {
     return buildPlain<Parameter>(*this);
 }
 
-template class Parameter<double>;
-template class Parameter<unsigned int>;
-template class Parameter<int>;
+template NOREL_PAYLOADS_EXPORT Parameter<double> Parameter<double>::Builder::build() const;
+template NOREL_PAYLOADS_EXPORT Parameter<unsigned int> Parameter<unsigned int>::Builder::build() const;
+template NOREL_PAYLOADS_EXPORT Parameter<int> Parameter<int>::Builder::build() const;
 
 } // namespace norel::Desktop::Domain::Payloads

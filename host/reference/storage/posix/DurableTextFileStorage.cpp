@@ -4,6 +4,7 @@
 #include "Operation.h"
 #include "SystemCalls.h"
 #include "TemporaryFile.h"
+#include "Wording.h"
 
 #include <array>
 #include <fcntl.h>
@@ -62,7 +63,7 @@ void DurableTextFileStorage::remove(const fs::path& path) {
     if (!S_ISLNK(status->st_mode))
         operation.requireRegularFile(*status);
     operation.run([&] { return system->unlinkat(entry.getFolder(), entry.getName()); });
-    entry.syncFolder(" for good: it is gone, but a crash may bring it back");
+    entry.syncFolder(Wording::REMOVED);
 }
 
 void DurableTextFileStorage::write(const fs::path& path, const std::string& text) {
@@ -76,7 +77,7 @@ void DurableTextFileStorage::write(const fs::path& path, const std::string& text
         replaced.emplace(
             operation.run([&] { return system->openat(target.getFolder(), target.getName(), flags); }));
         if (status->st_nlink > 1 && noticeHandler)
-            noticeHandler("the other hard links of \"" + path.string() + "\" keep the old text");
+            noticeHandler(Wording::describeOtherLinks(path));
     }
     // A file that replaces another can be accessed only by its owner until it has the access of the other.
     TemporaryFile temporary(operation, target, replaced ? 0600 : 0666);
@@ -86,7 +87,7 @@ void DurableTextFileStorage::write(const fs::path& path, const std::string& text
         copyAccess(operation, *replaced, temporary.getFile(), path, noticeHandler);
     temporary.sync();
     temporary.replaceTarget();
-    target.syncFolder(" for good: the new text is in place, but a crash may bring the old one back");
+    target.syncFolder(Wording::WRITTEN);
 }
 
 void DurableTextFileStorage::create(const fs::path& path, const std::string& text) {
@@ -105,7 +106,7 @@ void DurableTextFileStorage::createFile(const fs::path& path, const std::string&
         operation.fail(EEXIST);
     std::optional<Descriptor> like;
     if (original != nullptr) {
-        const Operation opening(*system, "create \"" + path.string() + "\" with the access of", *original);
+        const Operation opening(*system, Wording::describeCreationLike(path), *original);
         like.emplace(opening.openForReading(*original));
         opening.requireRegularFile(opening.getStatus(*like));
     }
@@ -116,7 +117,7 @@ void DurableTextFileStorage::createFile(const fs::path& path, const std::string&
         copyAccess(operation, *like, temporary.getFile(), *original, noticeHandler);
     temporary.sync();
     temporary.becomeTarget();
-    target.syncFolder(" for good: it is in place, but a crash may take it away");
+    target.syncFolder(Wording::CREATED);
 }
 
 } // namespace norel::Desktop::Storage

@@ -1,5 +1,7 @@
 #include "FileAccess.h"
 
+#include "Wording.h"
+
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -74,7 +76,7 @@ public:
           system(currentOperation.getSystem()),
           from(source),
           to(copy),
-          ofOriginal(" of \"" + path.string() + '"'),
+          ofOriginal(Wording::ofFile(path)),
           onNotCarriedOver(notice),
           original(currentOperation.getStatus(source)) {}
 
@@ -190,8 +192,8 @@ private:
         if (!isRefusal(error))
             fail(what, error);
         if (onNotCarriedOver)
-            onNotCarriedOver(what + ofOriginal +
-                             " is not carried over: " + std::generic_category().message(error));
+            onNotCarriedOver(what + ofOriginal + Wording::NOT_CARRIED_OVER +
+                             std::generic_category().message(error));
     }
 
     [[noreturn]] void fail(const std::string& what, int error) const {

@@ -1,5 +1,7 @@
 #include "Operation.h"
 
+#include "Wording.h"
+
 #include <fcntl.h>
 #include <system_error>
 
@@ -8,7 +10,7 @@ namespace norel::Desktop::Storage {
 namespace fs = std::filesystem;
 
 Operation::Operation(SystemCalls& systemCalls, const std::string& verb, const fs::path& path)
-    : system(systemCalls), description("cannot " + verb + " \"" + path.string() + "\"") {}
+    : system(systemCalls), description(Wording::describeOperation(verb, path)) {}
 
 void Operation::fail(int error, const std::string& detail) const {
     throw std::system_error(error, std::generic_category(), description + detail);
@@ -24,7 +26,7 @@ void Operation::requireRegularFile(const struct stat& status) const {
     if (S_ISDIR(status.st_mode))
         fail(EISDIR);
     if (!S_ISREG(status.st_mode))
-        fail(EINVAL, ", which is not a regular file");
+        fail(EINVAL, Wording::NOT_REGULAR);
 }
 
 int Operation::openForReading(const fs::path& path) const {
@@ -40,7 +42,7 @@ Entry::Entry(const Operation& currentOperation, const fs::path& path)
               return operation.getSystem().openat(AT_FDCWD, parent.empty() ? "." : parent.c_str(),
                                                   O_RDONLY | O_DIRECTORY);
           },
-          ": cannot open its folder")),
+          Wording::NO_FOLDER)),
       name(path.has_filename() ? path.filename().string() : ".") {}
 
 std::optional<struct stat> Entry::findStatus() const {

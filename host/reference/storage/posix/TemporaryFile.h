@@ -1,15 +1,15 @@
 #pragma once
 
 #include "Operation.h"
+#include "TemporaryName.h"
 
 #include <string>
 #include <string_view>
 
 namespace norel::Desktop::Storage {
 
-/// A new file that is to take a name in its folder. Until then it is called ".norel-<hash of that
-/// name>-<random number>.tmp" and is locked, so that it can be told from what a killed writer left; it is
-/// removed at the end unless it took the name.
+/// A new file that is to take a name in its folder. Until then it has a temporary name and is locked, so that
+/// it can be told from what a killed writer left; it is removed at the end unless it took the name.
 class TemporaryFile {
 public:
     TemporaryFile(const Operation& currentOperation, const Entry& finalName, mode_t mode);
@@ -42,7 +42,7 @@ private:
     const Operation& operation;
     SystemCalls& system;
     const Entry& target;
-    std::string prefix, name;
+    TemporaryName name;
     Descriptor file;
     bool hasTemporaryName = true;
 };

@@ -28,17 +28,25 @@ class SystemCalls;
 ///   rights; the group, if kept, keeps those that the list gave all its members, and others have none.
 /// Not carried over are other hard links, which keep the old text, time stamps, access control lists of other
 /// kinds (NFSv4), which the mode replaces, and the attributes security.capability, security.ima and
-/// security.evm, which hold for the old text. On systems other than Linux access control lists and extended
-/// attributes are ignored.
+/// security.evm, which hold for the old text. On systems other than Linux and Windows access control lists
+/// and extended attributes are ignored.
+///
+/// On Windows a replaced file keeps its access control list, and whether it is hidden, encrypted, indexed, or
+/// of the system. Not carried over are its owner, other hard links, time stamps, audit rules, compression and
+/// further streams. A file that others have open is replaced or removed if they share deleting it; else the
+/// store waits for them for up to a second. Read-only files, the names of devices ("NUL.json") and streams
+/// ("file:stream") are refused, and so is a write through a link that leads nowhere. Paths may be longer than
+/// 260 characters.
 ///
 /// The caller needs to be allowed to read and to write the folder, which for a moment holds a second file
 /// ".norel-*.tmp". The next write of the same file removes those that killed writers left, once they are an
 /// hour old.
 ///
 /// Failures of the system are std::system_error, whose text names the operation, the path and the system's
-/// reason; the file is then as it was before, and no temporary file is left. The one exception says so in its
-/// text: when the folder cannot be made durable at the end, the change is in place, and only a crash may undo
-/// it.
+/// reason. Its category is std::generic_category() for every error that POSIX has, on Windows too, where all
+/// others have std::system_category(). The file is then as it was before, and no temporary file is left. The
+/// one exception says so in its text: when the folder cannot be made durable at the end, the change is in
+/// place, and only a crash may undo it.
 ///
 /// Several threads may share a store if they may call its handler at the same time. Of two writers of one
 /// file, the last one wins.

@@ -16,10 +16,10 @@ namespace norel::Desktop::Domain::Payloads {
 /// As for every value of this library, distinct objects may be used by distinct threads, and one object may
 /// be read by several threads at once.
 template <typename T>
-class NOREL_PAYLOADS_EXPORT Parameter {
+class Parameter {
 public:
     /// The fields of a Parameter before they are checked.
-    struct NOREL_PAYLOADS_EXPORT Builder {
+    struct Builder {
         T value = 0;
         T minimum = std::numeric_limits<T>::lowest(); ///< inclusive
         T maximum = std::numeric_limits<T>::max();    ///< inclusive
@@ -31,7 +31,7 @@ public:
 
         /// Throws std::invalid_argument that begins "Profile Parameter: " for the first violated rule. They
         /// are checked in this order: bounds, default, presets, value, unit, precision.
-        Parameter build() const;
+        NOREL_PAYLOADS_EXPORT Parameter build() const;
 
         bool operator==(const Builder&) const = default;
     };
@@ -55,9 +55,5 @@ private:
 
     Fields fields;
 };
-
-extern template class Parameter<double>;
-extern template class Parameter<unsigned int>;
-extern template class Parameter<int>;
 
 } // namespace norel::Desktop::Domain::Payloads
