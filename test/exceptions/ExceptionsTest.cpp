@@ -3,22 +3,30 @@
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <string_view>
 
 namespace norel::Desktop::Test {
 namespace {
 
 using namespace Domain::Payloads;
 
-/// Some platforms compare type information by address, so all libraries must share that of an exception.
+/// Some platforms compare type information by address, so all libraries must share that of an exception. On
+/// Windows each has its own, compared by name.
+#ifdef _WIN32
+using Identity = std::string_view;
+#else
+using Identity = const void*;
+#endif
+
 template <typename Exception>
 void expectShared(const std::type_info* inLibrary, const std::function<void()>& throwInLibrary) {
-    const void* const here = typeid(Exception).name();
-    EXPECT_EQ(static_cast<const void*>(inLibrary->name()), here);
+    const Identity here = typeid(Exception).name();
+    EXPECT_EQ(Identity(inLibrary->name()), here);
     try {
         throwInLibrary();
         ADD_FAILURE() << "nothing was thrown";
     } catch (const Exception& error) {
-        EXPECT_EQ(static_cast<const void*>(typeid(error).name()), here);
+        EXPECT_EQ(Identity(typeid(error).name()), here);
     }
 }
 

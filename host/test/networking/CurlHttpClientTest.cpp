@@ -126,7 +126,7 @@ struct CurlHttpClientTest : testing::Test {
     CurlHttpClientTest() {
         for (const char* name :
              {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY", "no_proxy", "NO_PROXY"})
-            Test::setVariable(name, "");
+            Desktop::Test::setVariable(name, "");
     }
 
     const Service service, other;
@@ -203,7 +203,7 @@ TEST_F(CurlHttpClientTest, RejectsInvalidRequestsWithoutShowingSecrets) {
     const std::string badKey = named + "the key has a character that is not visible ASCII";
     using Method = HttpClient::Method;
     const std::pair<HttpClient::Request, std::string> cases[] = {
-        {get(secret, "key"), named + Test::cannotConnect()},
+        {get(secret, "key"), named + Desktop::Test::cannotConnect()},
         {get(secret, "key\r\nCookie: a"), badKey},
         {get(secret, "k\u00e9y"), badKey},
         {{Method(1), secret, "", ""}, named + "the method 1 is not supported"},
@@ -213,7 +213,7 @@ TEST_F(CurlHttpClientTest, RejectsInvalidRequestsWithoutShowingSecrets) {
         {get("user:password@host/list"), unread + slashes},
         {get("http:user:password@host/list"), unread + slashes},
         {get("file:user:password@host"), inPath + "the scheme is neither http nor https"},
-        {get("http://127.0.0.1:1/password@host/"), inPath + Test::cannotConnect()},
+        {get("http://127.0.0.1:1/password@host/"), inPath + Desktop::Test::cannotConnect()},
         {get(""), unread + "Bad scheme"},
         {get(std::string("http://127.0.0.1:1/\0", 20)), unread + "Malformed input to a URL function"},
     };
@@ -269,7 +269,8 @@ TEST_F(CurlHttpClientTest, VerifiesTheCertificateAndTheHostName) {
 }
 
 TEST_F(CurlHttpClientTest, OffersTls12OrLaterAndHttp11Only) {
-    const std::string file = testing::TempDir() + "norel-openssl-" + std::to_string(std::random_device()()) + ".cnf";
+    const std::string file =
+        testing::TempDir() + "norel-openssl-" + std::to_string(std::random_device()()) + ".cnf";
     std::ofstream(file) << "app = init\n[init]\nssl_conf = ssl\n[ssl]\nsystem_default = all\n"
                            "[all]\nMinProtocol = TLSv1\nCipherString = DEFAULT@SECLEVEL=0\n";
     ASSERT_EQ(CONF_modules_load_file(file.c_str(), "app", 0), 1);
@@ -403,7 +404,7 @@ TEST_F(CurlHttpClientTest, ReportsProgressAndLetsItCancel) {
 TEST_F(CurlHttpClientTest, UsesTheProxyOfTheEnvironmentForHttpsOnlyAndWithoutTheKey) {
     RawServer proxy({"HTTP/1.1 407 No\r\nContent-Length: 0\r\n\r\n"});
     for (const char* variable : {"http_proxy", "https_proxy"})
-        Test::setVariable(variable, "http://" + proxy.authority());
+        Desktop::Test::setVariable(variable, "http://" + proxy.authority());
     EXPECT_EQ(bodyOrFailure(client, get(service.url("/authorization"), "secret")), "Bearer secret");
     EXPECT_EQ(bodyOrFailure(client, get("https://127.0.0.1:1/", "secret")),
               "FAILED: cannot get https://127.0.0.1:1/: CONNECT tunnel failed, response 407");

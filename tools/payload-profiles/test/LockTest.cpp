@@ -1,154 +1,59 @@
+#include "CountNames.h"
 #include "RunApplication.h"
 #include "documents/FileLock.h"
 
 #include <chrono>
-#include <map>
-#include <optional>
-#include <sstream>
+#include <regex>
 #include <thread>
+#include <vector>
 
 namespace norel::Desktop::PayloadProfiles::Test {
 namespace {
 
-using DataFormat::Json;
-using Names = std::map<std::string, int>; ///< and how often each occurs
-
-/// The application started several times at once: many processes, or one that is killed.
+/// The application started several times at once.
 class LockTest : public ApplicationTest {
 protected:
-    /// The names of the profiles in a file.
-    Names countNames(const std::string& file) const {
-        Names names;
-        for (const Json& profile : Json::fromString(read(file)))
-            ++names[profile.get("name")];
-        return names;
+    /// Runs the commands of each list one after another, all lists at once. All must succeed.
+    void runAtOnce(const std::vector<std::vector<std::string>>& lists) const {
+        std::vector<std::thread> threads;
+        for (std::size_t i = 0; i < lists.size(); ++i)
+            threads.emplace_back([this, i, &list = lists[i]] {
+                const std::string name = "captured/" + std::to_string(i);
+                for (const std::string& command : list)
+                    EXPECT_EQ(runCommand(folder, command, "", name + ".output", name + ".messages"), 0)
+                        << read(name + ".messages");
+            });
+        for (std::thread& thread : threads)
+            thread.join();
     }
 };
 
 TEST_F(LockTest, LosesNoChangeOfSeveralProcesses) {
     write("a.json", replaced(makeDocument(5), "\"id\": 5", "\"id\": -1"));
     write("b.json", makeDocument(7));
-    runWell("add all.json a.json --wait 60 >/dev/null || echo failed; done) & done; wait",
-            "for i in 1 2 3 4 5 6 7 8; do (for j in $(seq 10); do");
-    EXPECT_EQ(countNames("all.json"), (Names{{"Tessaly Alpha", 80}}));
-    runWell("merge $s.json $i.json --wait 60 >/dev/null || echo failed; } & done; wait; done",
-            "for i in $(seq 20); do for s in a b; do {");
-    for (int i = 1; i <= 20; ++i)
-        EXPECT_EQ(countNames(std::to_string(i) + ".json"),
-                  (Names{{"Tessaly Alpha", 1}, {"Tessaly Gamma", 1}}));
+    runAtOnce(std::vector(8, std::vector<std::string>(10, "add all.json a.json --wait 60")));
+    EXPECT_EQ(countNames(read("all.json")), (Names{{"Tessaly Alpha", 80}}));
+    for (int i = 1; i <= 20; ++i) {
+        const std::string file = std::to_string(i) + ".json";
+        runAtOnce({{"merge a.json " + file + " --wait 60"}, {"merge b.json " + file + " --wait 60"}});
+        EXPECT_EQ(countNames(read(file)), (Names{{"Tessaly Alpha", 1}, {"Tessaly Gamma", 1}}));
+    }
     EXPECT_EQ(listFiles().find("lock"), std::string::npos);
 }
 
-TEST_F(LockTest, WaitsForTheLockOfTheFileThatLinksLeadTo) {
+TEST_F(LockTest, NamesTheProcessThatItWaitsFor) {
     write("profile.json", makeDocument(5));
-    std::filesystem::create_directory(folder / "real");
-    std::filesystem::create_directory_symlink("real", folder / "linked");
-    std::filesystem::create_symlink("linked/p.json", folder / "link.json");
-    const std::string held = "still locked by process " + std::to_string(::getpid()) +
-                             " after 0 seconds; --wait "
-                             "SECONDS waits longer";
+    const auto add = [this] { return run("add p.json profile.json --wait 0"); };
     {
-        const FileLock lock(folder / "link.json", std::chrono::seconds(0));
-        for (const std::string file : {"link.json", "real/p.json", "linked/p.json"})
-            for (const std::string& command : {"add " + file + " profile.json", "merge profile.json " + file})
-                expect(command + " --wait 0", 2, "", failure(file, held));
-        EXPECT_FALSE(std::filesystem::exists(folder / "real/p.json"));
+        const FileLock lock(folder / "p.json", std::chrono::seconds(0));
+        EXPECT_EQ(add(), 2);
+        EXPECT_EQ(
+            std::regex_replace(read("captured/messages"), std::regex("process [0-9]+"), "process N"),
+            failure("p.json", "still locked by process N after 0 seconds; --wait SECONDS waits longer"));
+        EXPECT_EQ(listFiles(), ".p.json.norel-lock profile.json ");
     }
-    expect("add link.json profile.json", 0, "added 5 \"Tessaly Alpha\"\n");
-    const FileLock lock(folder / "real/p.json", std::chrono::seconds(0));
-    for (const char* command : {"delete link.json 5", "upgrade link.json"})
-        expect(std::string(command) + " --wait 0", 2, "", failure("link.json", held));
-    runWell("merge profile.json link.json --dry-run; } && { '" PAYLOAD_PROFILES
-            "' upgrade --dry-run link.json; }",
-            "{");
-}
-
-TEST_F(LockTest, IsNotTakenOnALockFileThatAHolderHasRemoved) {
-    if (*SANITIZERS != '\0' || std::system("strace -o /dev/null true 2>/dev/null") != 0)
-        GTEST_SKIP() << "the application cannot be traced";
-    write("profile.json", makeDocument(5));
-    std::optional<FileLock> lock(std::in_place, folder / "p.json", std::chrono::seconds(0));
-    // The application opens the lock file and locks it, by its fourth call of fcntl, a second later.
-    std::thread other([this] {
-        expect("add p.json profile.json --wait 0", 2, "",
-               failure("p.json", "still locked by process " + std::to_string(::getpid()) +
-                                     " after 0 seconds; --wait SECONDS waits longer"),
-               "strace -o trace -e trace=fcntl -e inject=fcntl:delay_enter=1000000:when=4");
-    });
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
-    lock.reset();
-    lock.emplace(folder / "p.json", std::chrono::seconds(0));
-    other.join();
-    EXPECT_NE(read("trace").find("F_SETLK"), std::string::npos);
-}
-
-TEST_F(LockTest, DoesNotWaitWhereTheFolderCannotBeUsed) {
-    const std::string asNobody = "setpriv --reuid 65534 --regid 65534 --clear-groups ";
-    if (std::system((asNobody + "test -x '" PAYLOAD_PROFILES "' 2>/dev/null").c_str()) != 0)
-        GTEST_SKIP() << "the application cannot be run as another user";
-    write("profile.json", makeDocument(5));
-    const std::pair<std::filesystem::perms, std::string> cases[] = {
-        {std::filesystem::perms(0555), "cannot create \"f/p.json\": cannot create a file in its folder"},
-        {std::filesystem::perms(0444), "cannot use its lock file \"f/.p.json.norel-lock\""}};
-    for (const auto& [mode, message] : cases) {
-        std::filesystem::create_directory(folder / "f");
-        std::filesystem::permissions(folder / "f", mode);
-        expect("add f/p.json profile.json --wait 60", 2, "",
-               failure("f/p.json", message + ": Permission denied"), asNobody + "timeout 5");
-    }
-}
-
-/// The system calls of a run from the first one that names the file on: (name, how many of that name so far).
-std::vector<std::pair<std::string, int>> listCalls(const std::string& trace, const std::string& file) {
-    std::vector<std::pair<std::string, int>> calls;
-    std::map<std::string, int> counts;
-    std::istringstream lines(trace);
-    for (std::string line; std::getline(lines, line);) {
-        const std::string name = line.substr(0, line.find('('));
-        const int number = ++counts[name];
-        if (!calls.empty() || line.find(file) != std::string::npos)
-            calls.emplace_back(name, number);
-    }
-    return calls;
-}
-
-TEST_F(LockTest, KeepsTheFileWholeWhenKilledAtAnySystemCall) {
-    if (*SANITIZERS != '\0')
-        GTEST_SKIP() << "a process with sanitizers cannot be traced";
-    if (std::system("strace -o /dev/null true 2>/dev/null") != 0)
-        GTEST_SKIP() << "there is no strace that works";
-    write("a.json", makeDocument(5));
-    write("b.json", makeDocument(7));
-    const Names both{{"Tessaly Alpha", 1}, {"Tessaly Gamma", 1}};
-    for (const std::string& old : {std::string(), makeDocument(5)}) {
-        const Names added = old.empty() ? Names{{"Tessaly Gamma", 1}} : both;
-        const auto reset = [&] {
-            std::filesystem::remove(folder / "p.json");
-            if (!old.empty())
-                write("p.json", old);
-        };
-        reset();
-        const std::string calls =
-            "openat,newfstatat,faccessat2,read,write,fchown,fchmod,fsync,renameat,renameat2,unlink,"
-            "unlinkat,close,fcntl,readlink";
-        runWell("add p.json b.json", "strace -qq -o trace -e trace=" + calls);
-        const auto kills = listCalls(read("trace"), "p.json");
-        EXPECT_GT(kills.size(), 20U);
-        for (const auto& [call, number] : kills) {
-            SCOPED_TRACE(call + ' ' + std::to_string(number) + (old.empty() ? " of a new file" : ""));
-            reset();
-            runWell("add p.json b.json; exit $?; ) >/dev/null 2>&1; [ $? = 137 ]",
-                    "( strace -o /dev/null -e trace=" + call + " -e inject=" + call +
-                        ":signal=KILL:when=" + std::to_string(number));
-            const bool isUnchanged =
-                old.empty() ? !std::filesystem::exists(folder / "p.json") : read("p.json") == old;
-            EXPECT_TRUE(isUnchanged || countNames("p.json") == added);
-            runWell("add p.json a.json");
-            runWell("add p.json b.json");
-            EXPECT_EQ(countNames("p.json"), both);
-            EXPECT_FALSE(std::filesystem::exists(folder / ".p.json.norel-lock"));
-        }
-    }
+    EXPECT_EQ(add(), 0);
+    EXPECT_EQ(listFiles(), "p.json profile.json ");
 }
 
 } // namespace

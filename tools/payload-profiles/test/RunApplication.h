@@ -1,17 +1,16 @@
 #pragma once
 
+#include "RunCommand.h"
 #include "norel/Desktop/DataFormat/Json.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <random>
 #include <set>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace norel::Desktop::PayloadProfiles::Test {
 
@@ -21,7 +20,7 @@ protected:
     ApplicationTest() { std::filesystem::create_directories(folder / "captured"); }
     ~ApplicationTest() override { std::filesystem::remove_all(folder); }
 
-    /// Runs "BEFORE payload-profiles COMMAND" in a shell and checks its exit code, standard output and
+    /// Runs "BEFORE payload-profiles COMMAND" (see runCommand) and checks its exit code, standard output and
     /// standard error.
     void expect(const std::string& command, int exitCode, const std::string& output,
                 const std::string& messages = "", const std::string& before = "") const {
@@ -39,12 +38,7 @@ protected:
 
     /// Runs it; the result is its exit code.
     int run(const std::string& command, const std::string& before = "") const {
-        const std::string line = "cd '" + folder.string() +
-                                 "' && exec >captured/output 2>captured/messages; "
-                                 "unset NO_COLOR PAYLOAD_PROFILES_KEY; " +
-                                 before + " '" PAYLOAD_PROFILES "' " + command;
-        const int status = std::system(line.c_str());
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return runCommand(folder, command, before, "captured/output", "captured/messages");
     }
 
     /// An error message about a file or address, as it is written to the standard error.
@@ -60,20 +54,28 @@ protected:
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
+    /// Makes a symbolic link, or a file with that text where the standard library cannot make links.
+    void createLink(const std::string& target, const std::string& link) const {
+        std::error_code error;
+        std::filesystem::create_symlink(target, folder / link, error);
+        if (error)
+            write(link, target);
+    }
+
     /// The names of the files in the folder, each followed by a space.
     std::string listFiles() const {
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder))
             if (entry.path().filename() != "captured")
-                names.insert(entry.path().filename());
+                names.insert(entry.path().filename().string());
         std::string list;
         for (const std::string& name : names)
             list += name + ' ';
         return list;
     }
 
-    const std::filesystem::path folder =
-        std::filesystem::temp_directory_path() / ("payload-profiles-test-" + std::to_string(::getpid()));
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() /
+                                         ("payload-profiles-test-" + std::to_string(std::random_device()()));
 };
 
 inline std::string replaced(std::string text, const std::string& part, const std::string& replacement) {

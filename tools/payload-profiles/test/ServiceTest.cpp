@@ -7,6 +7,11 @@
 namespace norel::Desktop::PayloadProfiles::Test {
 namespace {
 
+#ifdef _WIN32
+constexpr int CONNECTION_REFUSED = WSAECONNREFUSED;
+#else
+constexpr int CONNECTION_REFUSED = ECONNREFUSED;
+#endif
 constexpr const char* RESOURCE = "/api/processing/v1/payload";
 
 /// The processing web service, which requires the key. Its answers below "/bad" are invalid.
@@ -126,8 +131,8 @@ TEST_F(ServiceTest, ShowsNoPasswordOfAMistypedAddress) {
 TEST_F(ServiceTest, WritesNothingWhenTheServiceFails) {
     const std::string unsuccessful = "HTTP \"profile\" request was unsuccessful; cause is HTTP status ";
     const std::string refused = "Cannot contact profile service; cause is \"cannot get "
-                                "http://127.0.0.1:1/api/processing/v1/payload: cannot connect: Connection "
-                                "refused\".";
+                                "http://127.0.0.1:1/api/processing/v1/payload: cannot connect: " +
+                                std::system_category().message(CONNECTION_REFUSED) + "\".";
     const std::array<std::string, 3> cases[] = {
         {address("/"), address("/"),
          unsuccessful +
@@ -164,8 +169,6 @@ TEST_F(ServiceTest, WritesNothingWhenTheServiceFails) {
     write("key.txt", "");
     expect("list --key-file key.txt " + address("/"), 2, "",
            failure("key.txt", "the key file must contain exactly one word"));
-    expect("list --key-file /dev/zero " + address("/"), 2, "",
-           failure("/dev/zero", "the key file is longer than 64 KiB"));
     EXPECT_EQ(listFiles(), "key.txt ");
 }
 
