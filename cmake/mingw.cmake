@@ -9,7 +9,7 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/wine)
 
 get_filename_component(dependencies ${CMAKE_CURRENT_LIST_DIR}/../build/windows-dependencies ABSOLUTE)
-set(CMAKE_FIND_ROOT_PATH ${dependencies} /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH ${dependencies} ${dependencies}/test /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 foreach(kind LIBRARY INCLUDE PACKAGE)
     set(CMAKE_FIND_ROOT_PATH_MODE_${kind} ONLY)

@@ -116,6 +116,8 @@ void DurableTextFileStorage::write(const fs::path& path, const std::string& text
         operation.run(
             [&] { return system->open(targetPath, FILE_READ_ATTRIBUTES | READ_CONTROL, replaced); });
         operation.requireRegularFile(replaced);
+        if ((operation.getInformation(replaced).dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0)
+            operation.fail(std::make_error_code(std::errc::permission_denied));
         access.emplace(operation, replaced);
         if (operation.getInformation(replaced).nNumberOfLinks > 1 && noticeHandler)
             noticeHandler(Wording::describeOtherLinks(path));
@@ -149,12 +151,12 @@ void DurableTextFileStorage::create(const fs::path& path, const std::string& tex
 void DurableTextFileStorage::createFile(const fs::path& path, const std::string& text,
                                         const fs::path* original) {
     const Operation operation(*system, "create", path);
+    operation.requireFileName(path);
     const Entry target(operation, toSystemPath(path));
     DWORD attributes = 0;
     if (system->getAttributes(target.getPath(), attributes))
         operation.fail(std::make_error_code(std::errc::file_exists));
     operation.run([] { return isAbsent(::GetLastError()); });
-    operation.requireFileName(path);
     std::optional<Access> access;
     if (original != nullptr) {
         const Operation opening(*system, Wording::describeCreationLike(path), *original);
