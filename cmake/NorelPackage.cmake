@@ -18,3 +18,7 @@ install(FILES
 file(RELATIVE_PATH NOREL_PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/norel-payloads.pc.in norel-payloads.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/norel-payloads.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+if(WIN32)
+    include(NorelWindowsPackage)
+endif()

@@ -19,11 +19,11 @@ fs::path makeLockPath(const fs::path& file) {
     // Cut to leave room within the 255 bytes of a name. Files whose names begin alike then share a lock,
     // which does no harm.
     constexpr std::size_t longestPart = 200;
-    const fs::path target = followLinks(file);
+    fs::path path = followLinks(file);
     fs::path name = ".";
-    name += target.filename().native().substr(0, longestPart);
+    name += path.filename().native().substr(0, longestPart);
     name += ".norel-lock";
-    return target.parent_path() / name;
+    return path.replace_filename(name);
 }
 
 std::string describeHolder(const fs::path& lockFile) {

@@ -56,7 +56,8 @@ public:
         std::uint64_t maximumBodyBytes = std::uint64_t(64) * 1024 * 1024;
 
         /// A PEM file of trusted certificates that replaces libcurl's default file; empty for the default.
-        /// Libcurl's default certificate folder, where it has one (/etc/ssl/certs), stays trusted.
+        /// Libcurl's default certificate folder, where it has one (/etc/ssl/certs), stays trusted. On Windows
+        /// its default are the certificates of the system.
         std::filesystem::path certificateFile;
 
         /// Called at least about once a second during a request, in the thread of send(), with the length of
