@@ -81,7 +81,7 @@ std::vector<ComparedProfile> readForComparison(const DocumentAccess& documents, 
         if (version && *version != DocumentVersions::getCurrent())
             return about(source.location, [&] {
                 try {
-                    return readOlder(documents, text, *version, source.location);
+                    return readOlder(documents, text, *version);
                 } catch (const std::bad_alloc&) {
                     throw;
                 } catch (const std::exception& error) {
