@@ -219,6 +219,19 @@ TEST_F(ApplicationTest, MergesProfilesWhoseNamesTheFileLacks) {
                 testing::AllOf(HasSubstr(KEPT), HasSubstr("\n13 profiles added, 1 kept\n")));
 }
 
+TEST_F(ApplicationTest, TakesFileNamesAndTextInAnyScript) {
+    const std::string file = "\u00c4-\u6d4b\u91cf.json";
+    write("profile.json", makeDocument(5));
+    expect("add " + file + " profile.json", 0, "added 5 \"Tessaly Alpha\"\n");
+    expect("rename " + file + " 5 \u6d77\u9e25 --backup", 0,
+           "changed 5 \"Tessaly Alpha\"\n  name: \"Tessaly Alpha\" -> \"\u6d77\u9e25\"\n");
+    EXPECT_THAT(runWell("show " + file + " 5"), HasSubstr("Profile 5 \"\u6d77\u9e25\"\n"));
+    expect("upgrade " + file, 0, file + " has no lidar profile: it is the same in every version\n");
+    expect("report " + file + " -o \u6d77.html", 0, "saved a report of 1 profile to \u6d77.html\n");
+    expect("list \u00fc.json", 2, "", failure("\u00fc.json", NO_FILE));
+    EXPECT_EQ(listFiles(), "profile.json " + file + ' ' + file + ".bak \u6d77.html ");
+}
+
 TEST_F(ApplicationTest, PrintsFactoryDocumentsByteForByte) {
     EXPECT_EQ(runWell("factory"), Domain::Payloads::DefaultProducts::getSourceDocument());
     EXPECT_EQ(runWell("factory --document-version 2"),

@@ -3,6 +3,7 @@
 #include "RunCommand.h"
 #include "norel/Desktop/DataFormat/Json.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+#include "text/Utf8Path.h"
 
 #include <filesystem>
 #include <fstream>
@@ -47,10 +48,10 @@ protected:
     }
 
     void write(const std::string& file, const std::string& text) const {
-        std::ofstream(folder / file, std::ios::binary) << text;
+        std::ofstream(folder / Text::makePath(file), std::ios::binary) << text;
     }
     std::string read(const std::string& file) const {
-        std::ifstream stream(folder / file, std::ios::binary);
+        std::ifstream stream(folder / Text::makePath(file), std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
@@ -67,7 +68,7 @@ protected:
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder))
             if (entry.path().filename() != "captured")
-                names.insert(entry.path().filename().string());
+                names.insert(Text::toUtf8(entry.path().filename()));
         std::string list;
         for (const std::string& name : names)
             list += name + ' ';

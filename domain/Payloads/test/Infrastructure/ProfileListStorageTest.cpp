@@ -81,6 +81,7 @@ TEST_F(ProfileListFileStorageTest, KeepsWhatExistsAndReportsFailuresOnUse) {
     ProfileListFileStorage nowhere(folder / "none" / "profiles.json", plain, serializer);
     EXPECT_THAT([&] { nowhere.read(); },
                 ThrowsMessage<CannotRead>("cannot read " + (folder / "none" / "profiles.json").string()));
+#ifndef _WIN32 // where a file with a name that long certainly does not exist
     try {
         ProfileListFileStorage(file / "inside a file", plain, serializer); // certainly does not exist
         ProfileListFileStorage(folder / std::string(5000, 'x'), plain, serializer);
@@ -88,6 +89,7 @@ TEST_F(ProfileListFileStorageTest, KeepsWhatExistsAndReportsFailuresOnUse) {
     } catch (const std::filesystem::filesystem_error& error) {
         EXPECT_EQ(error.code(), std::errc::filename_too_long);
     }
+#endif
 }
 
 TEST_F(ProfileListFileStorageTest, KeepsTheMessagesOfTheTextFileStorage) {
