@@ -43,15 +43,19 @@ endfunction()
 
 # norel_add_library(TARGET SHORT_NAME EXPORT_HEADER SOURCES ...)
 #
-# Adds the shared library TARGET, to be installed, with the alias norel::SHORT_NAME and a generated export header, which
-# defines NOREL_<SHORT_NAME>_EXPORT and is included as EXPORT_HEADER.
+# Adds the library TARGET, to be installed, with the alias norel::SHORT_NAME and a generated export header, which defines
+# NOREL_<SHORT_NAME>_EXPORT and is included as EXPORT_HEADER. The library is shared if BUILD_SHARED_LIBS is on; a static
+# one exports nothing from the program or library that it is linked into. The global property NOREL_LIBRARIES lists all
+# libraries, each after those that it needs.
 function(norel_add_library target shortName exportHeader)
     cmake_parse_arguments(PARSE_ARGV 3 ARG "" "" "SOURCES")
-    add_library(${target} SHARED ${ARG_SOURCES})
+    add_library(${target} ${ARG_SOURCES})
     add_library(norel::${shortName} ALIAS ${target})
+    set_property(GLOBAL APPEND PROPERTY NOREL_LIBRARIES ${target})
     norel_configure_target(${target})
     set_target_properties(${target} PROPERTIES
         EXPORT_NAME ${shortName}
+        POSITION_INDEPENDENT_CODE ON
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
         BUILD_RPATH_USE_ORIGIN ON)
@@ -65,9 +69,16 @@ function(norel_add_library target shortName exportHeader)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${generated}>
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    if(NOT BUILD_SHARED_LIBS)
+        string(TOUPPER norel_${shortName}_static_define definition)
+        target_compile_definitions(${target} PUBLIC ${definition})
+    endif()
     if(NOREL_INSTALL)
-        install(TARGETS ${target} EXPORT norel-payloads)
-        install(DIRECTORY ${generated}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+        install(TARGETS ${target} EXPORT norel-payloads
+            RUNTIME COMPONENT runtime
+            LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+            ARCHIVE COMPONENT development)
+        install(DIRECTORY ${generated}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
     endif()
 endfunction()
 
