@@ -62,6 +62,11 @@ function(norel_add_library target shortName exportHeader)
     if(NOT APPLE)
         set_target_properties(${target} PROPERTIES INSTALL_RPATH $ORIGIN)
     endif()
+    if(CMAKE_EXECUTABLE_FORMAT STREQUAL "ELF" AND BUILD_SHARED_LIBS)
+        set(exports ${PROJECT_SOURCE_DIR}/cmake/norel.map)
+        target_link_options(${target} PRIVATE LINKER:--version-script=${exports})
+        set_target_properties(${target} PROPERTIES LINK_DEPENDS ${exports})
+    endif()
     set(generated ${CMAKE_CURRENT_BINARY_DIR}/include)
     generate_export_header(${target}
         BASE_NAME norel_${shortName}
