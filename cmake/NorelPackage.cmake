@@ -27,7 +27,7 @@ list(TRANSFORM libraries PREPEND -l OUTPUT_VARIABLE NOREL_PC_LIBS)
 list(JOIN NOREL_PC_LIBS " " NOREL_PC_LIBS)
 set(NOREL_PC_DEFINITIONS)
 set(NOREL_PC_REQUIRES)
-if(NOT BUILD_SHARED_LIBS)
+if(NOT BUILD_SHARED_LIBS) # not Requires.private, which asks for all that a static HTTP library would need
     foreach(library IN LISTS libraries)
         get_target_property(definitions ${library} INTERFACE_COMPILE_DEFINITIONS)
         string(APPEND NOREL_PC_DEFINITIONS " -D${definitions}")
