@@ -59,6 +59,9 @@ function(norel_add_library target shortName exportHeader)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
         BUILD_RPATH_USE_ORIGIN ON)
+    if(NOREL_TYPE_INFORMATION AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        target_compile_options(${target} PRIVATE -g -fno-var-tracking -fno-var-tracking-assignments)
+    endif()
     if(NOT APPLE)
         set_target_properties(${target} PROPERTIES INSTALL_RPATH $ORIGIN)
     endif()
