@@ -31,7 +31,7 @@ const Node& memberOf(const Node& object, const std::string& key) {
     return translateErrors([&]() -> const Node& { return object.at(key); }); // throws the library's error
 }
 
-void setMember(Node& object, const std::string& key, JsonTree value) {
+void setMember(Node& object, const std::string& key, JsonTree&& value) {
     if (object.is_null())
         object = Node(Node::value_t::object);
     auto* members = object.get_ptr<Node::object_t*>();
@@ -181,7 +181,9 @@ Json::~Json() {
         return;
     if (!path.empty())
         --tree->views;
-    if (tree->holders.fetch_sub(1, std::memory_order_acq_rel) == 1)
+    // An only holder saves the cost of the subtraction.
+    if (tree->holders.load(std::memory_order_acquire) == 1 ||
+        tree->holders.fetch_sub(1, std::memory_order_acq_rel) == 1)
         delete tree;
 }
 

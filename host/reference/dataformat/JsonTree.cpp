@@ -29,10 +29,12 @@ decltype(auto) withChildren(Node& container, const Use& use) {
 template <typename Children>
 Node removeFromBack(Children& children) {
     while (children.size() > 1) {
-        Node last = std::move(valueOf(children.back()));
+        if (Node& last = valueOf(children.back()); hasChildren(last)) {
+            Node removed = std::move(last);
+            children.pop_back();
+            return removed;
+        }
         children.pop_back();
-        if (hasChildren(last))
-            return last;
     }
     return nullptr;
 }
@@ -93,8 +95,6 @@ std::vector<HashedMember> sortByKey(const Members& members) {
 }
 
 } // namespace
-
-bool hasChildren(const Node& value) { return value.is_structured() && !value.empty(); }
 
 void destroyChildren(Node& value) noexcept {
     // Walks the tree without a stack: in each container that was entered, the parent takes the place of the

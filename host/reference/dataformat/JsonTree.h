@@ -10,7 +10,7 @@ namespace norel::Desktop::DataFormat {
 using Node = nlohmann::ordered_json;
 
 /// Whether this is an array or object that is not empty.
-bool hasChildren(const Node& value);
+inline bool hasChildren(const Node& value) { return value.is_structured() && !value.empty(); }
 
 /// Makes the value null. Uses neither heap nor recursion, however deep the value is. (Its own destructor
 /// first gathers the children on the heap, which terminates the program when memory is short.)
@@ -25,7 +25,10 @@ struct JsonTree {
         root.swap(other.root);
         return *this;
     }
-    ~JsonTree() { destroyChildren(root); }
+    ~JsonTree() {
+        if (hasChildren(root))
+            destroyChildren(root);
+    }
 
     Node root;
 };
