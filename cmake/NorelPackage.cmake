@@ -42,7 +42,3 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/norel-payloads.pc
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
 install(DIRECTORY build/site DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation OPTIONAL) # by scripts/docs
-
-if(WIN32)
-    include(NorelWindowsPackage)
-endif()
