@@ -19,7 +19,7 @@ set(about
 "Payload profiles describe the configurations of airborne survey payloads: lidar
 sensors, cameras and their processing settings.")
 
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libnorel-payloads${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libnorel-payloads${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 file(CONFIGURE OUTPUT triggers CONTENT "activate-noawait ldconfig\n")

@@ -57,7 +57,7 @@ function(norel_add_library target shortName exportHeader)
         EXPORT_NAME ${shortName}
         POSITION_INDEPENDENT_CODE ON
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR}
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR} # a minor version may change the binary interface
         BUILD_RPATH_USE_ORIGIN ON)
     if(NOREL_TYPE_INFORMATION AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
         target_compile_options(${target} PRIVATE -g -fno-var-tracking -fno-var-tracking-assignments)

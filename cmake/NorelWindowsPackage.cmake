@@ -17,9 +17,10 @@ endif()
 install(CODE "set(folders \"${folders}\")
 set(CMAKE_GET_RUNTIME_DEPENDENCIES_PLATFORM windows+pe)
 set(CMAKE_GET_RUNTIME_DEPENDENCIES_COMMAND \"${CMAKE_OBJDUMP}\")
-set(destination \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")")
+set(destination \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")"
+    COMPONENT runtime)
 if(CMAKE_OBJDUMP)
-    install(CODE "set(CMAKE_GET_RUNTIME_DEPENDENCIES_TOOL objdump)")
+    install(CODE "set(CMAKE_GET_RUNTIME_DEPENDENCIES_TOOL objdump)" COMPONENT runtime)
 endif()
 install(CODE [[
 file(GLOB programs "${destination}/*.exe")
@@ -31,7 +32,7 @@ file(GET_RUNTIME_DEPENDENCIES EXECUTABLES ${programs} LIBRARIES ${libraries}
     RESOLVED_DEPENDENCIES_VAR resolved UNRESOLVED_DEPENDENCIES_VAR ofTheSystem)
 list(REMOVE_ITEM resolved ${libraries})
 file(INSTALL ${resolved} DESTINATION "${destination}")
-]])
+]] COMPONENT runtime)
 
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_FILE_NAME payload-profiles-${PROJECT_VERSION}-windows)

@@ -1,4 +1,4 @@
-"""Recipe of the sources around it: conan create packaging/conan"""
+"""Recipe of the sources around it: conan create packaging/conan -s compiler.cppstd=20"""
 
 import os
 import re
@@ -26,7 +26,7 @@ class NorelPayloads(ConanFile):
         self.version = re.search(r"VERSION (\d+\.\d+\.\d+)", project).group(1)
 
     def export_sources(self):
-        for pattern in ("CMakeLists.txt", "*.md", "cmake/*", "docs/*", "domain/*", "host/*", "tools/*"):
+        for pattern in ("CMakeLists.txt", "README.md", "CHANGELOG.md", "CONTRIBUTING.md", "cmake/*", "docs/*", "domain/*", "host/*", "tools/*"):
             copy(self, pattern, self._root, self.export_sources_folder)
 
     def requirements(self):

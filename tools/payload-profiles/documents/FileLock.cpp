@@ -1,6 +1,7 @@
 #include "documents/FileLock.h"
 
 #include "documents/FollowLinks.h"
+#include "documents/HiddenPath.h"
 #include "documents/LockFile.h"
 #include "text/Utf8Path.h"
 
@@ -15,16 +16,8 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-fs::path makeLockPath(const fs::path& file) {
-    // Cut to leave room within the 255 bytes of a name. Files whose names begin alike then share a lock,
-    // which does no harm.
-    constexpr std::size_t longestPart = 200;
-    fs::path path = followLinks(file);
-    fs::path name = ".";
-    name += path.filename().native().substr(0, longestPart);
-    name += ".norel-lock";
-    return path.replace_filename(name);
-}
+/// Files whose long names begin alike share a lock, which does no harm.
+fs::path makeLockPath(const fs::path& file) { return makeHiddenPath(followLinks(file), ".norel-lock"); }
 
 std::string describeHolder(const fs::path& lockFile) {
     const auto holder = LockFile::findHolder(lockFile);

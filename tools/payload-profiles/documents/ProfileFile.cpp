@@ -2,6 +2,7 @@
 
 #include "documents/Failure.h"
 #include "documents/FollowLinks.h"
+#include "documents/HiddenPath.h"
 #include "documents/ReadDocument.h"
 #include "documents/Source.h"
 #include "norel/Desktop/Domain/Payloads/UseCase/GetProfileListFromStorage.h"
@@ -90,9 +91,7 @@ void keepBackup(const DocumentAccess& documents, const std::string& file) {
     const std::string backup = file + ".bak";
     about(backup, [&] {
         const fs::path path = Text::makePath(backup);
-        fs::path draft = path.parent_path() / ".";
-        draft += path.filename();
-        draft += ".norel-new";
+        const fs::path draft = makeHiddenPath(path, ".norel-new");
         if (fs::exists(fs::symlink_status(draft))) // a killed process left it
             documents.textFiles->remove(draft);
         const fs::path source = Text::makePath(file);

@@ -39,7 +39,7 @@ const char* nameOf(Kind kind) {
 std::string describeVersion(const std::string& file, const Validation& validation) {
     const std::string advice =
         describeOldVersion(file == STANDARD_INPUT ? "FILE" : file, *validation.oldVersion);
-    return advice + (validation.count(Severity::Error) > 0 ? ", after mending what follows" : "");
+    return advice + (validation.count(Severity::Error) > 0 ? ", after fixing the errors below" : "");
 }
 
 std::string describe(const Finding& finding) {

@@ -88,7 +88,7 @@ TEST_F(UpgradeCommandTest, IsRecommendedForFilesOfEarlierVersions) {
     write("old.json", replaced(old, "\"id\": 88", "\"id\": \"88\", \"idd\": 88"));
     expect("validate old.json", 1,
            "old.json:1:1: error: " + advice +
-               "old.json, after mending what follows\n"
+               "old.json, after fixing the errors below\n"
                "old.json:3528:11: error: [6].id: [json.exception.type_error.302] type must be number, but is "
                "string\n"
                "old.json:3528:17: warning: [6].idd: unknown member; it is ignored, and lost when the "

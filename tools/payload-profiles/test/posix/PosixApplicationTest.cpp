@@ -53,6 +53,24 @@ TEST_F(PosixApplicationTest, LeavesFilesUnchangedOnASmallDisk) {
     EXPECT_EQ(listFiles(), "old.json ");
 }
 
+TEST_F(PosixApplicationTest, KeepsTheOlderBackupWhenItCannotBeReplaced) {
+    const std::string before = makeDocument(88);
+    const std::string longName(240, 'n'); // of a file whose backup has a name of almost 255 bytes
+    for (const char* file : {"p.json", longName.c_str()})
+        write(file, before);
+    std::filesystem::create_directory(folder / "p.json.bak");
+    expect("delete p.json 88 --backup", 2, "", failure("p.json.bak", "cannot replace it: Is a directory"));
+    std::filesystem::remove(folder / "p.json.bak");
+    write("p.json.bak", "older");
+    expect("delete p.json 88 --backup", 2, "",
+           failure("p.json.bak", "cannot create \".p.json.bak.norel-new\": File too large"), "ulimit -f 2;");
+    EXPECT_EQ(read("p.json.bak"), "older");
+    EXPECT_EQ(read("p.json"), before);
+    EXPECT_EQ(listFiles(), longName + " p.json p.json.bak ");
+    runWell("delete " + longName + " 88 --backup");
+    EXPECT_EQ(read(longName + ".bak"), before);
+}
+
 TEST_F(PosixApplicationTest, FailsWhenItsOutputCannotBeWritten) {
     const std::string full = failure("standard output", "No space left on device");
     const std::string closed = failure("standard output", "Bad file descriptor");

@@ -31,7 +31,7 @@ public:
         WrongKind,        ///< for example, a string where a number is expected; or a text that is no date
         RuleBroken,       ///< a rule of the model
         NumberOutOfRange, ///< a fraction or a number that the type of the member cannot hold
-        UnknownMember,    ///< not reported when it is null or a known remain of earlier releases
+        UnknownMember,    ///< not reported when it is null or a known remnant of earlier releases
         RepeatedMember,   ///< the last one is read
         Id                ///< taken by an earlier profile, or Profile::ID_IS_UNASSIGNED
     };
