@@ -13,7 +13,7 @@ install(EXPORT norel-payloads
     COMPONENT development)
 configure_package_config_file(cmake/norel-payloads-config.cmake.in norel-payloads-config.cmake
     INSTALL_DESTINATION ${packageFolder})
-write_basic_package_version_file(norel-payloads-config-version.cmake COMPATIBILITY SameMinorVersion)
+write_basic_package_version_file(norel-payloads-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(FILES
         ${CMAKE_CURRENT_BINARY_DIR}/norel-payloads-config.cmake
         ${CMAKE_CURRENT_BINARY_DIR}/norel-payloads-config-version.cmake
