@@ -2,6 +2,7 @@
 #include "norel/Desktop/Utils/StringFunctions.h"
 
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <functional>
@@ -179,6 +180,9 @@ ordered_json makeTree(std::mt19937& random, int depth) {
 }
 
 TEST(JsonWriter, GivesTheTextOfTheJsonLibrary) {
+#ifndef __cpp_lib_to_chars // then the reader refuses some numbers, which are read as JSON values instead
+    GTEST_SKIP() << "the standard library does not convert floating-point numbers";
+#endif
     std::mt19937 random(1);
     const ordered_json numbers = ordered_json::parse(
         "[0.0,-0.0,0.01207,1e15,-1e15,999999999999999.0,1e22,5e-324,1.5e-5,1e-300,1.7976931348623157e308]");

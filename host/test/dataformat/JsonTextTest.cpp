@@ -60,10 +60,14 @@ TEST(JsonText, BoundsDepthMemoryAndErrors) {
         {"[\n[]," + deepest + "]", tooDeep + "2, column 103"},
         {nested(51, "[{\"a\":", "}]"), tooDeep + "1, column 301"},
         {std::string(1000000, '['), tooDeep + "1, column 101"},
-        {emptyArrays + "]", "the value takes more than 24 times the memory of its text"},
         {"\"" + std::string(9000, 'x'), cut + "..."}};
     for (const auto& [text, message] : refused)
         EXPECT_THAT([&text = text] { Json::fromString(text); }, ThrowsMessage<Json::JsonError>(message));
+    if constexpr (sizeof(void*) == 8) { // values with smaller pointers take less
+        EXPECT_THAT(
+            [&] { Json::fromString(emptyArrays + "]"); },
+            ThrowsMessage<Json::JsonError>("the value takes more than 24 times the memory of its text"));
+    }
 }
 
 TEST(JsonText, RefusesToWriteWhatCannotBeReadBack) {
