@@ -45,18 +45,18 @@ protected:
 };
 
 TEST_F(ProfileUpgradeTest, UpgradesEveryOlderVersionToTheCurrentOne) {
-    for (unsigned int from = 1; from <= 4; ++from) {
-        Tree expected = factory(5);
+    for (unsigned int from = DocumentVersions::getFirst(); from < DocumentVersions::getCurrent(); ++from) {
+        Tree expected = factory(DocumentVersions::getCurrent());
         expected.erase(0); // two products that version 2 does not know
         expected.erase(0);
-        for (unsigned int version = 5; version > from; --version)
+        for (unsigned int version = DocumentVersions::getCurrent(); version > from; --version)
             for (Tree& profile : expected)
                 for (const Pointer& section : SECTIONS.at(version))
                     if (profile["lidar"].is_object())
                         profile[section.parent_pointer()].erase(section.back());
         file() = expected.dump(2);
         storage->reads = storage->writes = 0;
-        for (unsigned int version = from + 1; version <= 5; ++version) {
+        for (unsigned int version = from + 1; version <= DocumentVersions::getCurrent(); ++version) {
             upgrade(version);
             Tree defaults = factory(version);
             for (Tree& profile : expected)

@@ -1,6 +1,7 @@
 #include "Outcome.h"
 #include "Sample.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+#include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 
 #include <array>
 #include <filesystem>
@@ -42,7 +43,8 @@ const std::filesystem::path DATA = NOREL_PAYLOADS_TEST_DATA;
 
 TEST(SerializerEquivalence, HoldsForWholeDocumentsAndForEveryDamagedMember) {
     Comparison comparison;
-    for (const unsigned int version : {2U, 3U, 4U, 5U})
+    for (unsigned int version = DocumentVersions::getFirst() + 1; version <= DocumentVersions::getCurrent();
+         ++version)
         comparison.add(DefaultProducts::getSourceDocumentFromVersionInfo(version));
     for (const char* example :
          {"camera-nadir.json", "camera-oblique.json", "lidar.json", "old-version-1.json"})
