@@ -11,7 +11,7 @@ namespace norel::Desktop::Domain::Payloads {
 struct DocumentVersion {
     unsigned int number;
     std::string_view factoryDocument;
-    std::vector<DocumentVersions::Section> sections; ///< that it added or whose values it changed
+    std::vector<DocumentVersions::Section> sections; ///< that it added; older documents lack them
 };
 
 /// In ascending order; the last one is the current version.

@@ -18,8 +18,8 @@ NOREL_PAYLOADS_EXPORT unsigned int getFirst();
 /// The version that the library reads and writes.
 NOREL_PAYLOADS_EXPORT unsigned int getCurrent();
 
-/// The sections that a version added or whose values it changed, in the order in which its upgrade step
-/// copies them; none for the first version and for an unknown one.
+/// The sections that a version added, in the order in which its upgrade step copies them; none for the first
+/// version and for an unknown one.
 NOREL_PAYLOADS_EXPORT std::vector<Section> getSections(unsigned int version);
 
 } // namespace norel::Desktop::Domain::Payloads::DocumentVersions
