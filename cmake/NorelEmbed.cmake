@@ -16,6 +16,7 @@ function(norel_embed target namespace header)
             DEPENDS ${file} ${PROJECT_SOURCE_DIR}/cmake/EmbedFile.cmake
             VERBATIM)
         target_sources(${target} PRIVATE ${folder}/${name}.cpp)
+        set_source_files_properties(${folder}/${name}.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     endforeach()
     file(CONFIGURE OUTPUT ${folder}/${header} @ONLY CONTENT
 "#pragma once

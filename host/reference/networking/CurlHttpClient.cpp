@@ -22,12 +22,6 @@ namespace {
 constexpr int MAXIMUM_REDIRECTS = 5;
 constexpr char UNREADABLE[] = "an address that cannot be read";
 
-struct Cleanup {
-    void operator()(CURL* connection) const { curl_easy_cleanup(connection); }
-};
-
-using Connection = std::unique_ptr<CURL, Cleanup>;
-
 void requireSendable(const HttpClient::Request& request) {
     if (request.method != HttpClient::Method::Get)
         throw RequestError("the method " + std::to_string(static_cast<std::uint32_t>(request.method)) +
@@ -57,6 +51,11 @@ void startCurl() {
 /// The idle connections, at most as many as there were requests at one time.
 class CurlHttpClient::Connections {
 public:
+    struct Close {
+        void operator()(CURL* connection) const { curl_easy_cleanup(connection); }
+    };
+    using Connection = std::unique_ptr<CURL, Close>;
+
     Connection take() {
         {
             const std::lock_guard lock(mutex);
@@ -108,7 +107,7 @@ HttpClient::Response CurlHttpClient::send(const Request& request) {
         requireSendable(request);
         const RequestContext context{options, credentials,
                                      std::chrono::steady_clock::now() + options.totalTimeout};
-        Connection connection = connections->take();
+        auto connection = connections->take();
         bool sendsCredentials = true;
         for (int redirects = 0;; ++redirects) {
             if (address.scheme != "http" && address.scheme != "https")

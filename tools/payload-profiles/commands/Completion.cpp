@@ -101,7 +101,7 @@ void addOptions(const CommandSyntax& command, Candidates& candidates) {
 }
 
 /// Of a file or the factory profiles: nobody expects a key press to contact a service.
-std::vector<Profile> readProfiles(const DocumentAccess& documents, const Source& source) {
+std::vector<Profile> readProfilesIfPossible(const DocumentAccess& documents, const Source& source) {
     try {
         return source.isAddress() ? std::vector<Profile>() : readSource(documents, source).list();
     } catch (const Failure&) { // ignored: the command itself reports it
@@ -143,10 +143,10 @@ void addValues(const std::string& name, const CommandSyntax& application, const 
     if (name == "COMMAND")
         addCommands(application, candidates);
     if (name == "ID")
-        for (const Profile& profile : readProfiles(documents, line.getSource()))
+        for (const Profile& profile : readProfilesIfPossible(documents, line.getSource()))
             candidates.add(std::to_string(profile.getId()), printable(profile.getName()));
     if (name == "PATH" || name == "PATH=VALUE")
-        for (const Profile& profile : readProfiles(documents, line.getSource()))
+        for (const Profile& profile : readProfilesIfPossible(documents, line.getSource()))
             if (std::to_string(profile.getId()) == line.getId()) {
                 addMembers(profile, name == "PATH" ? "" : "=", candidates);
                 addPresets(profile, candidates);

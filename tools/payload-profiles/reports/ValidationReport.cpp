@@ -42,7 +42,7 @@ std::string describeVersion(const std::string& file, const Validation& validatio
     return advice + (validation.count(Severity::Error) > 0 ? ", after fixing the errors below" : "");
 }
 
-std::string describe(const Finding& finding) {
+std::string explain(const Finding& finding) {
     std::string text = finding.path.empty() ? finding.message : finding.path + ": " + finding.message;
     std::string choices;
     for (const std::string& choice : finding.constraints.choices)
@@ -79,7 +79,7 @@ std::string makeTextReport(const std::string& file, const Validation& validation
         text = name + ":1:1: error: " + describeVersion(file, validation) + '\n';
     for (const Finding& finding : validation.result.findings)
         text += name + ':' + std::to_string(finding.line) + ':' + std::to_string(finding.column) + ": " +
-                nameOf(finding.severity) + ": " + printable(describe(finding)) + '\n';
+                nameOf(finding.severity) + ": " + printable(explain(finding)) + '\n';
     if (validation.result.isCut)
         text += name + ": there is more; only the first " +
                 std::to_string(ProfileListValidator::MAXIMUM_FINDINGS) + " findings are shown\n";

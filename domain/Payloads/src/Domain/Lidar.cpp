@@ -35,6 +35,12 @@ void checkFields(const Lidar::Builder& builder, RuleCheck& check) {
                                                              shortened(builder.alignment) + "\" is invalid"));
 }
 
+Lidar::Lidar(const Lidar&) = default;
+Lidar::Lidar(Lidar&&) noexcept = default;
+Lidar& Lidar::operator=(const Lidar&) = default;
+Lidar& Lidar::operator=(Lidar&&) noexcept = default;
+Lidar::~Lidar() = default;
+
 Lidar Lidar::Builder::build() const { return buildLastToFirst<Lidar>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -11,6 +11,12 @@ void checkRules(const Profile::Builder& builder, RuleCheck& check) {
         check.fail(&builder.product, Profile::InvalidProfile("The \"product\" string cannot be empty."));
 }
 
+Profile::Profile(const Profile&) = default;
+Profile::Profile(Profile&&) noexcept = default;
+Profile& Profile::operator=(const Profile&) = default;
+Profile& Profile::operator=(Profile&&) noexcept = default;
+Profile::~Profile() = default;
+
 Profile Profile::Builder::build() const { return buildLastToFirst<Profile>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

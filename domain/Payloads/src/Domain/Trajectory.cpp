@@ -25,6 +25,12 @@ void checkFields(const Trajectory::Builder& builder, RuleCheck& check) {
                    AllowedValues::STABILIZED_MOUNTS);
 }
 
+Trajectory::Trajectory(const Trajectory&) = default;
+Trajectory::Trajectory(Trajectory&&) noexcept = default;
+Trajectory& Trajectory::operator=(const Trajectory&) = default;
+Trajectory& Trajectory::operator=(Trajectory&&) noexcept = default;
+Trajectory::~Trajectory() = default;
+
 Trajectory Trajectory::Builder::build() const { return buildLastToFirst<Trajectory>(*this); }
 
 } // namespace norel::Desktop::Domain::Payloads

@@ -8,14 +8,14 @@
 namespace norel::Desktop::Domain::Payloads {
 namespace {
 
-constexpr const char* SOURCE_FILE = "Infrastructure/ProfileListDefaultProductsStorage";
+constexpr const char* DEFAULT_PRODUCTS_STORAGE_FILE = "Infrastructure/ProfileListDefaultProductsStorage";
 
 } // namespace
 
 void ProfileListDefaultProductsStorage::remove() {
     Utils::throwUnreachableCodeError(
         "an unexpected ProfileListDefaultProductsStorage::remove was called, storage is not removable",
-        {SOURCE_FILE, __LINE__});
+        {DEFAULT_PRODUCTS_STORAGE_FILE, __LINE__});
 }
 
 ProfileList ProfileListDefaultProductsStorage::read() {
@@ -26,7 +26,7 @@ ProfileList ProfileListDefaultProductsStorage::read() {
 void ProfileListDefaultProductsStorage::write(const ProfileList& /*list*/) {
     Utils::throwUnreachableCodeError(
         "an unexpected ProfileListDefaultProductsStorage::write was called, storage is read only",
-        {SOURCE_FILE, __LINE__});
+        {DEFAULT_PRODUCTS_STORAGE_FILE, __LINE__});
 }
 
 } // namespace norel::Desktop::Domain::Payloads

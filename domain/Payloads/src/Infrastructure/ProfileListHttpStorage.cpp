@@ -9,7 +9,7 @@ namespace {
 using Networking::Http::HttpClient;
 
 constexpr const char* RESOURCE = "api/processing/v1/payload";
-constexpr const char* SOURCE_FILE = "Infrastructure/ProfileListHttpStorage";
+constexpr const char* HTTP_STORAGE_FILE = "Infrastructure/ProfileListHttpStorage";
 
 } // namespace
 
@@ -22,7 +22,7 @@ ProfileListHttpStorage::ProfileListHttpStorage(const std::string& baseUrl,
 void ProfileListHttpStorage::remove() {
     Utils::throwUnreachableCodeError(
         "an unexpected ProfileListHttpStorage::remove was called, storage is not removable",
-        {SOURCE_FILE, __LINE__});
+        {HTTP_STORAGE_FILE, __LINE__});
 }
 
 ProfileList ProfileListHttpStorage::read() {
@@ -32,7 +32,7 @@ ProfileList ProfileListHttpStorage::read() {
 void ProfileListHttpStorage::write(const ProfileList& /*list*/) {
     Utils::throwUnreachableCodeError(
         "an unexpected ProfileListHttpStorage::write was called, storage is read only",
-        {SOURCE_FILE, __LINE__});
+        {HTTP_STORAGE_FILE, __LINE__});
 }
 
 HttpClient::Response ProfileListHttpStorage::request() const {

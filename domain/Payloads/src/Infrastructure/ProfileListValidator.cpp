@@ -23,18 +23,17 @@ std::string_view findSyntaxError(std::string_view text) {
 
 /// Whether the text is JSON.
 bool checkSyntax(const std::string& text, FindingList& findings) {
-    using Json = DataFormat::Json;
     try {
-        Json::fromString(text);
+        DataFormat::Json::fromString(text);
         return true;
-    } catch (const Json::JsonError& error) {
-        findings.add(findSyntaxError<Json>(text), {ProfileListValidator::Severity::Error,
-                                                   ProfileListValidator::Kind::NotJson,
-                                                   "",
-                                                   1,
-                                                   1,
-                                                   error.what(),
-                                                   {}});
+    } catch (const DataFormat::Json::JsonError& error) {
+        findings.add(findSyntaxError<DataFormat::Json>(text), {ProfileListValidator::Severity::Error,
+                                                               ProfileListValidator::Kind::NotJson,
+                                                               "",
+                                                               1,
+                                                               1,
+                                                               error.what(),
+                                                               {}});
         return false;
     }
 }

@@ -19,11 +19,11 @@ using CannotRead = ProfileListStorage::CannotReadProfileList;
 using CannotWrite = ProfileListStorage::CannotWriteProfileList;
 using HttpClient = Networking::Http::HttpClient;
 
-const auto serializer = std::make_shared<JsonProfileListSerializer>();
+const auto jsonSerializer = std::make_shared<JsonProfileListSerializer>();
 
 /// A document whose only profile violates a rule of the model, with the message of that rule.
 struct BrokenDocument {
-    std::string text = serializer->serialize(makeList({{1, "name"}}));
+    std::string text = jsonSerializer->serialize(makeList({{1, "name"}}));
     std::string message = "The \"name\" string cannot be empty.";
 
     BrokenDocument() { text.replace(text.find("\"name\": \"name\""), 14, "\"name\": \"\""); }
@@ -49,16 +49,16 @@ protected:
 };
 
 TEST_F(ProfileListFileStorageTest, CreatesAMissingFileAndStoresItsListThere) {
-    ProfileListFileStorage storage(file, plain, serializer);
+    ProfileListFileStorage storage(file, plain, jsonSerializer);
     ASSERT_TRUE(std::filesystem::is_regular_file(file));
     EXPECT_EQ(content(), "");
     EXPECT_TRUE(storage.read() == ProfileList());
     const ProfileList list = makeList({{4, "b"}, {2, "a"}});
     storage.write(list);
-    EXPECT_EQ(content(), serializer->serialize(list));
+    EXPECT_EQ(content(), jsonSerializer->serialize(list));
     EXPECT_TRUE(storage.read() == list);
     // The constructor keeps an existing file.
-    EXPECT_TRUE(ProfileListFileStorage(file, plain, serializer).read() == list);
+    EXPECT_TRUE(ProfileListFileStorage(file, plain, jsonSerializer).read() == list);
     std::ofstream(file, std::ios::binary) << "[]";
     EXPECT_TRUE(storage.read() == ProfileList()); // a change by another writer is read
     storage.remove();
@@ -69,7 +69,7 @@ TEST_F(ProfileListFileStorageTest, CreatesAMissingFileAndStoresItsListThere) {
 
 TEST_F(ProfileListFileStorageTest, KeepsWhatExistsAndReportsFailuresOnUse) {
     std::ofstream(file, std::ios::binary) << "<\r\n";
-    ProfileListFileStorage storage(file, plain, serializer);
+    ProfileListFileStorage storage(file, plain, jsonSerializer);
     EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<InvalidContent>(NO_VALUE));
     EXPECT_EQ(content(), "<\r\n");
     const BrokenDocument broken;
@@ -77,14 +77,14 @@ TEST_F(ProfileListFileStorageTest, KeepsWhatExistsAndReportsFailuresOnUse) {
     EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>(broken.message));
     EXPECT_EQ(content(), broken.text);
 
-    EXPECT_NO_THROW(ProfileListFileStorage(folder, plain, serializer));
-    ProfileListFileStorage nowhere(folder / "none" / "profiles.json", plain, serializer);
+    EXPECT_NO_THROW(ProfileListFileStorage(folder, plain, jsonSerializer));
+    ProfileListFileStorage nowhere(folder / "none" / "profiles.json", plain, jsonSerializer);
     EXPECT_THAT([&] { nowhere.read(); },
                 ThrowsMessage<CannotRead>("cannot read " + (folder / "none" / "profiles.json").string()));
 #ifndef _WIN32 // where a file with a name that long certainly does not exist
     try {
-        ProfileListFileStorage(file / "inside a file", plain, serializer); // certainly does not exist
-        ProfileListFileStorage(folder / std::string(5000, 'x'), plain, serializer);
+        ProfileListFileStorage(file / "inside a file", plain, jsonSerializer); // certainly does not exist
+        ProfileListFileStorage(folder / std::string(5000, 'x'), plain, jsonSerializer);
         ADD_FAILURE();
     } catch (const std::filesystem::filesystem_error& error) {
         EXPECT_EQ(error.code(), std::errc::filename_too_long);
@@ -93,7 +93,7 @@ TEST_F(ProfileListFileStorageTest, KeepsWhatExistsAndReportsFailuresOnUse) {
 }
 
 TEST_F(ProfileListFileStorageTest, KeepsTheMessagesOfTheTextFileStorage) {
-    ProfileListFileStorage storage(file, memory, serializer);
+    ProfileListFileStorage storage(file, memory, jsonSerializer);
     memory->failRead = memory->failWrite =
         memory->failRemove = [] { throw std::runtime_error("\"full\"\n"); };
     EXPECT_THAT([&] { storage.read(); }, ThrowsMessage<CannotRead>("\"full\"\n"));
@@ -129,9 +129,9 @@ TEST(ProfileListHttpStorage, SendsOneRequestPerRead) {
     for (const auto& [base, key] : {std::pair("https://host/", "secret"), std::pair("host", "")}) {
         const auto client = std::make_shared<ScriptedHttpClient>();
         client->answer = [] {
-            return HttpClient::Response{204, serializer->serialize(makeList({{7, "a"}}))};
+            return HttpClient::Response{204, jsonSerializer->serialize(makeList({{7, "a"}}))};
         };
-        ProfileListHttpStorage storage(base, client, key, serializer);
+        ProfileListHttpStorage storage(base, client, key, jsonSerializer);
         EXPECT_TRUE(client->requests.empty());
         EXPECT_TRUE(storage.read() == makeList({{7, "a"}}));
         ASSERT_EQ(client->requests.size(), 1U);
@@ -145,7 +145,7 @@ TEST(ProfileListHttpStorage, SendsOneRequestPerRead) {
 
 TEST(ProfileListHttpStorage, ReportsEveryFailureAsAStorageError) {
     const auto client = std::make_shared<ScriptedHttpClient>();
-    ProfileListHttpStorage storage("https://host/", client, "", serializer);
+    ProfileListHttpStorage storage("https://host/", client, "", jsonSerializer);
     const auto read = [&] { storage.read(); };
     client->answer = []() -> HttpClient::Response { throw HttpClient::HttpRequestFailed("no route"); };
     EXPECT_THAT(read, ThrowsMessage<CannotRead>("Cannot contact profile service; cause is \"no route\"."));
@@ -179,7 +179,7 @@ TEST(ProfileListHttpStorage, ReportsEveryFailureAsAStorageError) {
 TEST(ProfileListDefaultProductsStorage, IsReadOnly) {
     ProfileListDefaultProductsStorage storage;
     EXPECT_TRUE(storage.read() == storage.read());
-    EXPECT_TRUE(storage.read() == serializer->deserialize(DefaultProducts::getSourceDocument()));
+    EXPECT_TRUE(storage.read() == jsonSerializer->deserialize(DefaultProducts::getSourceDocument()));
     expectUnreachable(
         [&] { storage.write({}); },
         "an unexpected ProfileListDefaultProductsStorage::write was called, storage is read only",

@@ -20,6 +20,13 @@ class NOREL_PAYLOADS_EXPORT Lidar {
 public:
     struct Builder;
 
+    // Compiled once, as those of Profile.
+    Lidar(const Lidar&);
+    Lidar(Lidar&&) noexcept;
+    Lidar& operator=(const Lidar&);
+    Lidar& operator=(Lidar&&) noexcept;
+    ~Lidar();
+
     /// of the data files of the sensor, without a dot, such as "rxp"; may be empty
     std::string getFileExtension() const { return fields.fileExtension; }
     Parameter<double> getImuLatency() const { return fields.imuLatency; } ///< "sec"

@@ -60,6 +60,13 @@ class NOREL_PAYLOADS_EXPORT Trajectory {
 public:
     struct Builder;
 
+    // Compiled once, as those of Profile.
+    Trajectory(const Trajectory&);
+    Trajectory(Trajectory&&) noexcept;
+    Trajectory& operator=(const Trajectory&);
+    Trajectory& operator=(Trajectory&&) noexcept;
+    ~Trajectory();
+
     Imu getImuOnboard() const { return fields.imuOnboard; }
     /// empty when the payload has none
     std::optional<Imu> getImuExternal() const { return fields.imuExternal; }
