@@ -113,6 +113,11 @@ void Json::Writer::close(char closing) {
     isFirst = false;
 }
 
+void Json::Writer::tellProgress(std::size_t written, std::size_t count) {
+    if (depth == 1 && written > 0 && written == count / 4)
+        text.reserve(text.size() / 4 * 17);
+}
+
 void Json::Writer::key(const Key& prepared) {
     beginItem();
     text.append(prepared.quoted, 0, prepared.quoted.size() - (isOneLine ? 1 : 0));

@@ -37,10 +37,7 @@ public:
             }
             return writer.endObject();
         case Node::value_t::array:
-            writer.beginArray();
-            for (const Node& element : value.get_ref<const Node::array_t&>())
-                write(writer, element);
-            return writer.endArray();
+            return writeArray(writer, value.get_ref<const Node::array_t&>());
         case Node::value_t::string:
             return writer.write(value.get_ref<const std::string&>());
         case Node::value_t::boolean:
@@ -54,6 +51,16 @@ public:
         default: // no Json holds any other kind
             return writer.write(nullptr);
         }
+    }
+
+private:
+    static void writeArray(Json::Writer& writer, const Node::array_t& elements) {
+        writer.beginArray();
+        for (std::size_t i = 0; i < elements.size(); ++i) {
+            write(writer, elements[i]);
+            writer.tellProgress(i + 1, elements.size());
+        }
+        writer.endArray();
     }
 };
 

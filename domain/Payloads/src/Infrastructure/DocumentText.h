@@ -198,8 +198,11 @@ private:
     template <typename Items>
     void writeArray(const Items& items) {
         writer.beginArray();
-        for (const auto& item : items)
+        std::size_t written = 0;
+        for (const auto& item : items) {
             write(item, {});
+            writer.tellProgress(++written, items.size());
+        }
         writer.endArray();
     }
 

@@ -10,6 +10,7 @@ namespace norel::Desktop::Domain::Payloads::Test {
 namespace {
 
 using testing::ThrowsMessage;
+using Build = std::function<void()>; // one type, so that the matchers are compiled only once
 
 TEST(Value, OfADefaultBuilderIsValidOrViolatesAKnownRule) {
     const std::string unit = "Profile FieldOfViewRange: unit must be \"deg\"";
@@ -28,11 +29,14 @@ TEST(Value, OfADefaultBuilderIsValidOrViolatesAKnownRule) {
          "Profile LidarCoveragePreview: downsampling rate (0) must be greater than zero"},
         {typeid(Lidar), "Profile Lidar: alignment \"\" is invalid"}};
     forEachValueType([&]<typename V>() {
-        const auto build = [] { return typename V::Builder().build(); };
+        const Build build = [] {
+            typename V::Builder builder;
+            EXPECT_TRUE(builder.build() == builder.build()) << typeid(V).name();
+        };
         if (const auto message = messages.find(typeid(V)); message != messages.end())
             EXPECT_THAT(build, ThrowsMessage<std::invalid_argument>(message->second));
         else
-            EXPECT_TRUE(build() == build()) << typeid(V).name();
+            EXPECT_NO_THROW(build());
     });
 }
 
@@ -47,7 +51,8 @@ TEST(Value, BuildsItsMembersInTheDocumentedOrder) {
         for (const Leaf& leaf : sample.leaves) {
             if (!leaf.invalidate)
                 continue;
-            ASSERT_THAT([&] { builder.build(); }, ThrowsMessage<std::invalid_argument>(leaf.message));
+            const Build build = [&] { builder.build(); };
+            ASSERT_THAT(build, ThrowsMessage<std::invalid_argument>(leaf.message));
             leaf.reset();
         }
         EXPECT_NO_THROW(builder.build());
@@ -60,10 +65,11 @@ TEST(Value, ReturnsComparesAndPassesOnAllItsMembers) {
         typename Value::Builder builder;
         const Sample sample(builder);
         const Value value = builder.build();
-        const auto check = [&](const auto& row) {
-            EXPECT_TRUE(std::invoke(row.getter, value) == buildMember(builder.*row.member));
+        const auto isReturned = [&](const auto& row) {
+            return std::invoke(row.getter, value) == buildMember(builder.*row.member);
         };
-        std::apply([&](const auto&... rows) { (check(rows), ...); }, rowsOf<Value>());
+        EXPECT_TRUE(
+            std::apply([&](const auto&... rows) { return (isReturned(rows) && ...); }, rowsOf<Value>()));
         EXPECT_TRUE(toBuilder(value).build() == value);
         for (const Leaf& leaf : sample.leaves) {
             if (!leaf.change)

@@ -38,6 +38,9 @@ public:
     void endObject() { close('}'); }
     void beginArray() { open('['); }
     void endArray() { close(']'); }
+    /// May follow each element of the outermost array: tells how many of them are written, and how many there
+    /// will be. From a quarter of them the writer judges how much memory it needs for all.
+    void tellProgress(std::size_t written, std::size_t count);
 
     void key(const Key& prepared);
     void key(std::string_view name);
