@@ -14,7 +14,8 @@
 namespace norel::Desktop::DataFormat {
 
 struct Json::Tree {
-    explicit Tree(JsonTree&& newContents) noexcept : contents(std::move(newContents)) {}
+    template <typename Contents>
+    explicit Tree(Contents&& newContents) : contents(std::forward<Contents>(newContents)) {}
 
     JsonTree contents;
     // Not a shared_ptr: its count does not synchronize with other threads that have released the tree.
@@ -31,14 +32,15 @@ const Node& memberOf(const Node& object, const std::string& key) {
     return translateErrors([&]() -> const Node& { return object.at(key); }); // throws the library's error
 }
 
-void setMember(Node& object, const std::string& key, JsonTree&& value) {
+/// Exchanges the value with that of the member, which is null if it is new.
+void setMember(Node& object, const std::string& key, Node& value) {
     if (object.is_null())
         object = Node(Node::value_t::object);
     auto* members = object.get_ptr<Node::object_t*>();
     if (!members)
         return translateErrors([&] { object[key] = nullptr; }); // throws the library's error
     const auto member = members->find(key);
-    (member != members->end() ? member->second : appendMember(*members, key)).swap(value.root);
+    (member != members->end() ? member->second : appendMember(*members, key)).swap(value);
 }
 
 /// The number modulo 2^32, its fraction truncated.
@@ -75,12 +77,7 @@ std::map<std::string, Number> convertToMap(const Node& value) {
 } // namespace
 
 struct Json::Internals {
-    static Json make(JsonTree&& contents) {
-        Json json;
-        json.tree = new Tree(std::move(contents));
-        json.node = &json.tree->contents.root;
-        return json;
-    }
+    static Json make(JsonTree&& contents) { return Json(new Tree(std::move(contents))); }
 
     static Json share(Tree* tree, const void* node) {
         Json json;
@@ -111,39 +108,44 @@ struct Json::Internals {
                json.node == &json.tree->contents.root;
     }
 
+    /// Whether no other object holds the value, so that it can be moved.
+    static bool canBeTaken(const Json& json) { return !isViewed(json) && isOnlyHolder(json); }
+
     static Node& write(Json& json) {
         if (!isViewed(json) && !isOnlyHolder(json))
             json = make(copyTree(read(json)));
         return const_cast<Node&>(read(json)); // no part of a tree is a constant
     }
 
-    /// The value: moved when no other object holds it, copied otherwise.
+    /// The value: moved if possible, copied otherwise.
     static JsonTree take(Json& json) {
-        return !isViewed(json) && isOnlyHolder(json) ? std::move(json.tree->contents) : copyTree(read(json));
+        return canBeTaken(json) ? std::move(json.tree->contents) : copyTree(read(json));
     }
 };
 
 Json::Json() noexcept = default;
 
-Json::Json(int number) : Json(Internals::make(JsonTree(number))) {}
+Json::Json(Tree* newTree) noexcept : tree(newTree), node(&newTree->contents.root) {}
 
-Json::Json(unsigned int number) : Json(Internals::make(JsonTree(number))) {}
+Json::Json(int number) : Json(new Tree(number)) {}
 
-Json::Json(double number) : Json(Internals::make(JsonTree(number))) {}
+Json::Json(unsigned int number) : Json(new Tree(number)) {}
 
-Json::Json(bool boolean) : Json(Internals::make(JsonTree(boolean))) {}
+Json::Json(double number) : Json(new Tree(number)) {}
 
-Json::Json(const std::string& text) : Json(Internals::make(JsonTree(text))) {}
+Json::Json(bool boolean) : Json(new Tree(boolean)) {}
 
-Json::Json(const char* text) : Json(Internals::make(JsonTree(text))) {}
+Json::Json(const std::string& text) : Json(new Tree(text)) {}
 
-Json::Json(const std::map<std::string, int>& members) : Json(Internals::make(JsonTree(members))) {}
+Json::Json(const char* text) : Json(new Tree(text)) {}
 
-Json::Json(const std::map<std::string, unsigned int>& members) : Json(Internals::make(JsonTree(members))) {}
+Json::Json(const std::map<std::string, int>& members) : Json(new Tree(members)) {}
 
-Json::Json(const std::map<std::string, double>& members) : Json(Internals::make(JsonTree(members))) {}
+Json::Json(const std::map<std::string, unsigned int>& members) : Json(new Tree(members)) {}
 
-Json::Json(const std::vector<std::string>& elements) : Json(Internals::make(JsonTree(elements))) {}
+Json::Json(const std::map<std::string, double>& members) : Json(new Tree(members)) {}
+
+Json::Json(const std::vector<std::string>& elements) : Json(new Tree(elements)) {}
 
 Json::Json(const std::vector<Json>& elements) : Json(std::vector<Json>(elements)) {}
 
@@ -216,8 +218,11 @@ void Json::set(const std::string& key, const Json& value) { set(key, Json(value)
 void Json::set(const std::string& key, Json&& value) {
     if (&value == this)
         return set(key, Json(value));
-    JsonTree contents = Internals::take(value); // first: it may be a view of this value, or this one of it
-    setMember(Internals::write(*this), key, std::move(contents));
+    if (Internals::canBeTaken(value))
+        return setMember(Internals::write(*this), key, value.tree->contents.root);
+    JsonTree contents =
+        copyTree(Internals::read(value)); // first: it may be a view of this value, or this of it
+    setMember(Internals::write(*this), key, contents.root);
 }
 
 std::string Json::get(const std::string& key) const {

@@ -39,18 +39,6 @@ Node removeFromBack(Children& children) {
     return nullptr;
 }
 
-void growMembers(Members& members) {
-    constexpr std::size_t minimumCapacity = 8;
-    Members grown;
-    grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
-    for (const auto& member : members)
-        grown.Members::Container::emplace_back(member.first, nullptr);
-    for (std::size_t i = 0; i < members.size(); ++i) // cannot throw
-        (grown.begin() + static_cast<std::ptrdiff_t>(i))->second =
-            std::move((members.begin() + static_cast<std::ptrdiff_t>(i))->second);
-    members.swap(grown);
-}
-
 bool hasFewMembersAndNoDuplicates(const Members& members) {
     constexpr std::size_t few = 16;
     if (members.size() > few)
@@ -155,10 +143,16 @@ JsonTree copyTree(const Node& value) {
     return copy;
 }
 
-Node& appendMember(Members& members, std::string key) {
-    if (members.size() == members.capacity())
-        growMembers(members);
-    return members.Members::Container::emplace_back(std::move(key), nullptr).second;
+void growMembers(Members& members) {
+    constexpr std::size_t minimumCapacity = 8;
+    Members grown;
+    grown.reserve(std::max(minimumCapacity, 2 * members.capacity()));
+    for (const auto& member : members)
+        grown.Members::Container::emplace_back(member.first, nullptr);
+    for (std::size_t i = 0; i < members.size(); ++i) // cannot throw
+        (grown.begin() + static_cast<std::ptrdiff_t>(i))->second =
+            std::move((members.begin() + static_cast<std::ptrdiff_t>(i))->second);
+    members.swap(grown);
 }
 
 void removeDuplicates(Members& members) {

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace norel::Desktop::DataFormat {
@@ -19,7 +20,10 @@ void destroyChildren(Node& value) noexcept;
 /// Owns a value. Every value that may have children is destroyed by one of these.
 struct JsonTree {
     JsonTree() = default;
-    explicit JsonTree(Node value) noexcept : root(std::move(value)) {}
+    /// From a node, or from what makes one.
+    template <typename Value>
+    requires(!std::is_same_v<std::remove_cvref_t<Value>, JsonTree>) explicit JsonTree(Value&& value)
+        : root(std::forward<Value>(value)) {}
     JsonTree(JsonTree&& other) noexcept = default;
     JsonTree& operator=(JsonTree&& other) noexcept {
         root.swap(other.root);
@@ -36,10 +40,18 @@ struct JsonTree {
 /// A deep copy.
 JsonTree copyTree(const Node& value);
 
+/// Makes room for more members.
+void growMembers(Node::object_t& members);
+
 /// Adds a null member after the others and returns its value. The object must not have the key yet. (Objects
 /// are vectors of pairs with a constant key: their own insertions search for the key, and copy every member
 /// when they grow.)
-Node& appendMember(Node::object_t& members, std::string key);
+template <typename Key>
+Node& appendMember(Node::object_t& members, Key&& key) {
+    if (members.size() == members.capacity())
+        growMembers(members);
+    return members.Node::object_t::Container::emplace_back(std::forward<Key>(key), nullptr).second;
+}
 
 /// Duplicate keys: keeps the last value, at the position of the first. Takes the time of sorting.
 void removeDuplicates(Node::object_t& members);

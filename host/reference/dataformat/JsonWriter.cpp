@@ -30,9 +30,20 @@ void appendEscape(std::string& text, char character) {
     }
 }
 
-void appendQuoted(std::string& text, std::string_view string) {
-    text += '"';
+/// Appends the quoted string between two other texts.
+void appendQuoted(std::string& text, std::string_view string, std::string_view before = {},
+                  std::string_view after = {}) {
     const char* const end = string.data() + string.size();
+    if (skipPlain(string.data(), end) == end) { // as nearly always: one call
+        const std::size_t begin = text.size();
+        text.append(before.size() + string.size() + after.size() + 2, '"');
+        char* to = text.data() + begin;
+        to += before.copy(to, before.size()) + 1;
+        to += string.copy(to, string.size()) + 1;
+        after.copy(to, after.size());
+        return;
+    }
+    text.append(before) += '"';
     for (const char* next = string.data(); next != end;) {
         const char* const plain = next;
         next = skipPlain(next, end);
@@ -49,13 +60,14 @@ void appendQuoted(std::string& text, std::string_view string) {
             translateErrors([&] { return nlohmann::json(string).dump(); });
         text.append(character, next);
     }
-    text += '"';
+    (text += '"').append(after);
 }
 
 template <typename Integer>
 void appendInteger(std::string& text, Integer number) {
     char digits[MAXIMUM_NUMBER_LENGTH];
-    text.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+    const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    text.append(digits, static_cast<std::size_t>(end - digits));
 }
 
 /// The digits are those of the JSON library, which are not always the shortest that read back to the number:
@@ -68,15 +80,13 @@ void appendFloatingPoint(std::string& text, double number) {
         return;
     }
     char digits[2 * MAXIMUM_NUMBER_LENGTH];
-    text.append(digits, nlohmann::detail::to_chars(digits, digits + sizeof digits, number));
+    const char* const end = nlohmann::detail::to_chars(digits, digits + sizeof digits, number);
+    text.append(digits, static_cast<std::size_t>(end - digits));
 }
 
 } // namespace
 
-Json::Writer::Key::Key(std::string_view name) {
-    appendQuoted(quoted, name);
-    quoted += ": ";
-}
+Json::Writer::Key::Key(std::string_view name) { appendQuoted(quoted, name, {}, ": "); }
 
 Json::Writer::Writer(int indent)
     : separator(indent < 0 ? "," : ",\n"),
@@ -125,9 +135,9 @@ void Json::Writer::key(const Key& prepared) {
 }
 
 void Json::Writer::key(std::string_view name) {
-    beginItem();
-    appendQuoted(text, name);
-    text.append(isOneLine ? ":" : ": ");
+    appendQuoted(text, name, std::string_view(separator).substr(isFirst ? 1 : 0),
+                 std::string_view(": ", isOneLine ? 1 : 2));
+    isFirst = false;
     isKeyWritten = true;
 }
 

@@ -123,6 +123,8 @@ private:
     struct Tree;
     struct Internals; // everything that uses the JSON library's own type, which no header shows
 
+    explicit Json(Tree* newTree) noexcept;
+
     // A tree counts the objects that hold it, and the views among them. Without views it is shared by any
     // number of values and must not change; with views it belongs to them and at most one value.
     Tree* tree = nullptr;          // null: the value is null
