@@ -1,12 +1,9 @@
 #include "commands/OlderDocument.h"
 
 #include "documents/DocumentVersion.h"
-#include "documents/Drafts.h"
 #include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "documents/ReadDocument.h"
-#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
-#include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 #include "text/Utf8Path.h"
 
 namespace norel::Desktop::PayloadProfiles {
@@ -24,13 +21,10 @@ std::optional<unsigned int> findVersionOf(const std::string& text) {
     return std::nullopt;
 }
 
-std::string upgraded(const std::string& text, unsigned int from) {
-    const std::filesystem::path draftFile; // the draft is one file, whatever its path
-    const auto draft = std::make_shared<DraftTextFileStorage>(text);
+std::string upgradeToCurrent(std::string text, unsigned int from) {
     for (unsigned int version = from + 1; version <= DocumentVersions::getCurrent(); ++version)
-        ProfileUpgrade().upgradeToVersion(version, draft, draftFile,
-                                          DefaultProducts::getSourceDocumentFromVersionInfo(version));
-    return draft->read(draftFile);
+        text = upgradeTo(version, text);
+    return text;
 }
 
 /// The document of a profile with the values that the older document has.
@@ -55,7 +49,7 @@ std::vector<MemberPath> listLacking(const Json& stored, unsigned int version) {
 
 std::vector<ComparedProfile> readOlder(const DocumentAccess& documents, const std::string& text,
                                        unsigned int version) {
-    const ProfileList list = documents.serializer->deserialize(upgraded(text, version));
+    const ProfileList list = documents.serializer->deserialize(upgradeToCurrent(text, version));
     const Json older = Json::fromString(text);
     std::vector<ComparedProfile> compared;
     auto stored = older.begin();

@@ -1,12 +1,9 @@
 #include "commands/Arguments.h"
 #include "commands/Commands.h"
 #include "documents/DocumentVersion.h"
-#include "documents/Drafts.h"
 #include "documents/Failure.h"
 #include "documents/ProfileFile.h"
 #include "documents/ReadDocument.h"
-#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
-#include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 #include "reports/ChangeReport.h"
 #include "terminal/Text.h"
 #include "text/Utf8Path.h"
@@ -29,15 +26,12 @@ struct UpgradeArguments {
 
 /// Runs the steps on the text in memory and prints a paragraph for each.
 std::string upgraded(Context& context, const UpgradeArguments& arguments, unsigned int from,
-                     const std::string& text) {
-    const auto draft = std::make_shared<DraftTextFileStorage>(text);
-    const fs::path draftFile; // the draft is one file, whatever its path
+                     std::string text) {
     const Tense tense = arguments.options.dryRun ? Tense::WouldBe : Tense::Done;
     for (unsigned int version = from + 1; version <= arguments.to; ++version) {
-        const std::string report = makeStepReport(draft->read(draftFile), version, tense);
+        const std::string report = makeStepReport(text, version, tense);
         try {
-            ProfileUpgrade().upgradeToVersion(version, draft, draftFile,
-                                              DefaultProducts::getSourceDocumentFromVersionInfo(version));
+            text = upgradeTo(version, text);
         } catch (const std::bad_alloc&) {
             throw;
         } catch (const std::exception& error) {
@@ -46,7 +40,7 @@ std::string upgraded(Context& context, const UpgradeArguments& arguments, unsign
         }
         context.console.print(report);
     }
-    return draft->read(draftFile);
+    return text;
 }
 
 /// The upgrade of `text`, a document of version `from`, must be one that the library reads if it is of the

@@ -1,5 +1,8 @@
 #include "documents/DocumentVersion.h"
 
+#include "documents/Drafts.h"
+#include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
+#include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 #include "terminal/Text.h"
 
 #include <algorithm>
@@ -104,6 +107,15 @@ std::optional<unsigned int> findVersion(const std::vector<StoredProfile>& profil
                    joinLabels(members, MAXIMUM_LABELS_OF_MESSAGE);
     throw VersionUnclear("the profiles are of several versions (" + mixture +
                          "); give the one to upgrade from with --from");
+}
+
+std::string upgradeTo(unsigned int version, const std::string& text) {
+    const auto draft = std::make_shared<DraftTextFileStorage>(text);
+    const std::filesystem::path draftFile; // the draft is one file, whatever its path
+    Domain::Payloads::ProfileUpgrade().upgradeToVersion(
+        version, draft, draftFile,
+        Domain::Payloads::DefaultProducts::getSourceDocumentFromVersionInfo(version));
+    return draft->read(draftFile);
 }
 
 } // namespace norel::Desktop::PayloadProfiles

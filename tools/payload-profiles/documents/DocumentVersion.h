@@ -50,4 +50,7 @@ struct VersionUnclear : std::runtime_error {
 /// no lidar profile. Throws VersionUnclear, which names the profiles.
 std::optional<unsigned int> findVersion(const std::vector<StoredProfile>& profiles);
 
+/// Upgrades a document of the version before `version` to `version`. Throws what ProfileUpgrade throws.
+std::string upgradeTo(unsigned int version, const std::string& text);
+
 } // namespace norel::Desktop::PayloadProfiles
