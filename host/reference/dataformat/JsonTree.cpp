@@ -112,6 +112,8 @@ void destroyChildren(Node& value) noexcept {
 }
 
 JsonTree copyTree(const Node& value) {
+    if (!hasChildren(value))
+        return JsonTree(value);
     JsonTree copy;
     std::vector<std::pair<const Node*, Node*>> pending{{&value, &copy.root}};
     // Containers are reserved to their final size, so that the addresses in `pending` stay valid.
@@ -130,14 +132,13 @@ JsonTree copyTree(const Node& value) {
             copies.resize(elements->size());
             for (std::size_t i = 0; i < copies.size(); ++i)
                 copyChild((*elements)[i], copies[i]);
-        } else if (const auto* members = from->get_ptr<const Members*>()) {
+        } else {
+            const auto& members = from->get_ref<const Members&>();
             *to = Node(Node::value_t::object);
             auto& copies = to->get_ref<Members&>();
-            copies.reserve(members->size());
-            for (const auto& [key, member] : *members)
+            copies.reserve(members.size());
+            for (const auto& [key, member] : members)
                 copyChild(member, appendMember(copies, key));
-        } else {
-            *to = *from;
         }
     }
     return copy;
