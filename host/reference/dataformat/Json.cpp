@@ -220,8 +220,7 @@ void Json::set(const std::string& key, Json&& value) {
         return set(key, Json(value));
     if (Internals::canBeTaken(value))
         return setMember(Internals::write(*this), key, value.tree->contents.root);
-    JsonTree contents =
-        copyTree(Internals::read(value)); // first: it may be a view of this value, or this of it
+    JsonTree contents = copyTree(Internals::read(value)); // first: both may belong to one tree
     setMember(Internals::write(*this), key, contents.root);
 }
 
