@@ -3,7 +3,6 @@
 #include <nlohmann/json.hpp>
 
 #include <string>
-#include <type_traits>
 #include <utility>
 
 namespace norel::Desktop::DataFormat {
@@ -20,10 +19,10 @@ void destroyChildren(Node& value) noexcept;
 /// Owns a value. Every value that may have children is destroyed by one of these.
 struct JsonTree {
     JsonTree() = default;
-    /// From a node, or from what makes one.
+    explicit JsonTree(Node&& value) noexcept : root(std::move(value)) {}
+    /// From what makes a node.
     template <typename Value>
-    requires(!std::is_same_v<std::remove_cvref_t<Value>, JsonTree>) explicit JsonTree(Value&& value)
-        : root(std::forward<Value>(value)) {}
+    explicit JsonTree(const Value& value) : root(value) {}
     JsonTree(JsonTree&& other) noexcept = default;
     JsonTree& operator=(JsonTree&& other) noexcept {
         root.swap(other.root);
