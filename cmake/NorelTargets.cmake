@@ -106,10 +106,10 @@ function(norel_precompile_test_headers)
     target_precompile_headers(norel-test-headers PRIVATE <gmock/gmock.h>)
 endfunction()
 
-# norel_add_test(TARGET SOURCES ... LIBRARIES ...): adds a GoogleTest program, each of whose tests is a CTest test; on
-# Windows the whole program is one.
+# norel_add_test(TARGET SOURCES ... LIBRARIES ... [LABEL ...]): adds a GoogleTest program, each of whose tests is a CTest
+# test; on Windows the whole program is one.
 function(norel_add_test target)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "LABEL" "SOURCES;LIBRARIES")
     add_executable(${target} ${ARG_SOURCES})
     norel_configure_target(${target})
     if(NOT MSVC)
@@ -124,6 +124,6 @@ function(norel_add_test target)
         add_test(NAME ${target} COMMAND ${target} --gtest_brief=1)
         set_tests_properties(${target} PROPERTIES TIMEOUT 600)
     else()
-        gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+        gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 LABELS "${ARG_LABEL}")
     endif()
 endfunction()

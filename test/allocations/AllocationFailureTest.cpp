@@ -1,6 +1,6 @@
 #include "InMemoryTextFileStorage.h"
 #include "MemoryShortage.h"
-#include "Sample.h"
+#include "ProfileLists.h"
 
 /// An operation that runs out of memory throws std::bad_alloc, never another error, and leaves its values
 /// unchanged.

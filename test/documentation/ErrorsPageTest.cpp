@@ -1,4 +1,5 @@
 #include "InMemoryTextFileStorage.h"
+#include "ProfileLists.h"
 #include "Sample.h"
 #include "ScriptedHttpClient.h"
 #include "norel/Desktop/Networking/Http/CurlHttpClient.h"

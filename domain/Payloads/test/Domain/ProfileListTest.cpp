@@ -1,6 +1,6 @@
 #include "norel/Desktop/Domain/Payloads/ProfileList.h"
 
-#include "Sample.h"
+#include "ProfileLists.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+#include "ProfileLists.h"
 #include "Sample.h"
 
 #include <gmock/gmock.h>

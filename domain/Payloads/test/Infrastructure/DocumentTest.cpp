@@ -1,4 +1,4 @@
-#include "Sample.h"
+#include "ProfileLists.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,6 +1,6 @@
 #include "norel/Desktop/Domain/Payloads/JsonProfileListSerializer.h"
 
-#include "Sample.h"
+#include "ProfileLists.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 
 #include <gmock/gmock.h>
@@ -200,8 +200,7 @@ TEST(Serializer, LetsADerivedSerializerOverrideTheList) {
         EXPECT_EQ(inheriting.serialize(list), serializer.serialize(list));
 
     ProfileList wrong = makeList({{1, "\xFF"}});
-    Profile::Builder builder;
-    const Sample sample(builder);
+    Profile::Builder builder = toBuilder(makeFullList().list().front());
     builder.lidar->imuLatency.maximum = std::numeric_limits<double>::infinity();
     Profile infinite = builder.build();
     wrong.add(infinite);

@@ -1,6 +1,6 @@
 #include "InMemoryTextFileStorage.h"
 #include "PlainTextFileStorage.h"
-#include "Sample.h"
+#include "ProfileLists.h"
 #include "ScriptedHttpClient.h"
 
 #include <fstream>

@@ -1,7 +1,7 @@
 #include "norel/Desktop/Domain/Payloads/ProfileListValidator.h"
 
 #include "InMemoryTextFileStorage.h"
-#include "Sample.h"
+#include "ProfileLists.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 #include "norel/Desktop/Domain/Payloads/ProfileUpgrade.h"
 

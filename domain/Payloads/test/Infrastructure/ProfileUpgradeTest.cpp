@@ -1,5 +1,5 @@
 #include "InMemoryTextFileStorage.h"
-#include "Sample.h"
+#include "ProfileLists.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 #include "Outcome.h"
-#include "Sample.h"
+#include "ProfileLists.h"
 #include "norel/Desktop/Domain/Payloads/DefaultProducts.h"
 #include "norel/Desktop/Domain/Payloads/DocumentVersions.h"
 

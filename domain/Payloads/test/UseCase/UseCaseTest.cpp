@@ -1,5 +1,5 @@
 #include "FixedClockProvider.h"
-#include "Sample.h"
+#include "ProfileLists.h"
 
 #include <gmock/gmock.h>
 
