@@ -153,8 +153,8 @@ TEST(ProfileListValidator, FindsNothingInTheFactoryDocument) {
 }
 
 TEST(ProfileListValidator, FindsTenFaultsInThreeProfilesInOneRun) {
-    const std::string mended = makeText({{1, "first"}, {2, "second"}, {3, "third"}});
-    EXPECT_EQ(describeAll(mended), std::vector<std::string>());
+    const std::string valid = makeText({{1, "first"}, {2, "second"}, {3, "third"}});
+    EXPECT_EQ(describeAll(valid), std::vector<std::string>());
     const struct {
         std::string after, part, replacement, finding;
     } faults[] = {
@@ -183,7 +183,7 @@ TEST(ProfileListValidator, FindsTenFaultsInThreeProfilesInOneRun) {
         {"third", ",\n            \"stabilized_mount\": \"none\"", "",
          "199:23 1 [2].trajectory: [json.exception.out_of_range.403] key 'stabilized_mount' not found"},
     };
-    std::string text = mended;
+    std::string text = valid;
     std::vector<std::string> expected;
     for (const auto& [after, part, replacement, finding] : faults) {
         replace(text, after, part, replacement);
