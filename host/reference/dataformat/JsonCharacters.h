@@ -30,22 +30,22 @@ inline bool isPlain(char character) {
            static_cast<signed char>(character) > 0;
 }
 
+/// 0 when eight bytes are plain. Otherwise, on a little-endian machine, the lowest bit that is set is the
+/// highest of the first byte that is not plain.
+inline std::uint64_t findNotPlain(std::uint64_t bytes) {
+    // The highest bit of the lowest byte that is zero; higher bytes may be wrong.
+    const auto zeroBytes = [](std::uint64_t value) { return (value - EVERY_BYTE) & ~value; };
+    return (zeroBytes(bytes ^ EVERY_BYTE * '"') | zeroBytes(bytes ^ EVERY_BYTE * '\\') |
+            (bytes - EVERY_BYTE * ' ') | bytes) &
+           EVERY_BYTE * 0x80;
+}
+
 /// The first byte that is not plain.
 inline const char* skipPlain(const char* position, const char* end) {
-    if constexpr (std::endian::native == std::endian::little) {
-        constexpr std::uint64_t highBits = EVERY_BYTE * 0x80;
-        // The highest bit of the lowest byte that is zero; higher bytes may be wrong.
-        const auto zeroBytes = [](std::uint64_t bytes) { return (bytes - EVERY_BYTE) & ~bytes; };
-        for (; end - position >= 8; position += 8) {
-            const std::uint64_t bytes = loadEightBytes(position);
-            const std::uint64_t found =
-                (zeroBytes(bytes ^ EVERY_BYTE * '"') | zeroBytes(bytes ^ EVERY_BYTE * '\\') |
-                 (bytes - EVERY_BYTE * ' ') | bytes) &
-                highBits;
-            if (found != 0)
+    if constexpr (std::endian::native == std::endian::little)
+        for (; end - position >= 8; position += 8)
+            if (const std::uint64_t found = findNotPlain(loadEightBytes(position)); found != 0)
                 return position + std::countr_zero(found) / 8;
-        }
-    }
     while (position != end && isPlain(*position))
         ++position;
     return position;

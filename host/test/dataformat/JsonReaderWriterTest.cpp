@@ -186,14 +186,24 @@ TEST(JsonWriter, GivesTheTextOfTheJsonLibrary) {
     std::mt19937 random(1);
     const ordered_json numbers = ordered_json::parse(
         "[0.0,-0.0,0.01207,1e15,-1e15,999999999999999.0,1e22,5e-324,1.5e-5,1e-300,1.7976931348623157e308]");
-    for (int round = 0; round < 2000; ++round) {
-        const ordered_json tree = round == 0 ? numbers : makeTree(random, 3);
-        const int indent = round % 6 - 1;
+    const auto expectSameText = [](const ordered_json& tree, int indent) {
         Json::Writer writer(indent);
         const std::string text = tree.dump(indent);
         ASSERT_TRUE(reads(text, [&](Json::Reader& reader) { copy(tree, reader, writer); })) << text;
         ASSERT_EQ(writer.takeText(), text);
+    };
+    // More than the writer gathers before it appends to the text, with pieces that are longer by themselves.
+    ordered_json large = ordered_json::parse(std::string(9, '[') + std::string(9, ']'));
+    for (std::size_t length = 4090; length < 4100; ++length)
+        large.push_back({{std::string(length, 'x'), std::string(length, 'y') + "\xC3\xA9\n"}});
+    for (int round = 0; round < 2000; ++round) {
+        const ordered_json tree = round == 0 ? numbers : makeTree(random, 3);
+        expectSameText(tree, round % 6 - 1);
+        if (round < 500)
+            large.push_back(tree);
     }
+    for (const int indent : {-1, 4, 512})
+        expectSameText(large, indent);
 }
 
 } // namespace

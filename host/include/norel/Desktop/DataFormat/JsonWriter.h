@@ -67,8 +67,17 @@ private:
     void beginItem();
     void beginValue();
 
-    std::string text;
-    std::string separator; // between two items: a comma, and a line break with the indentation
+    char* makeRoom(std::size_t size); // the place for that many characters
+    void setEnd(const char* end);     // after they were written there
+    void append(std::string_view piece);
+    void appendQuoted(std::string_view before, std::string_view string, std::string_view after);
+    void appendEscaped(std::string_view string);
+    void flush();
+
+    std::string text;         // without its end, which is gathered in the tail: most pieces need no call
+    std::string tail;         // with room for more
+    std::size_t tailSize = 0; // without that room
+    std::string separator;    // between two items: a comma, and a line break with the indentation
     std::size_t depth = 0;
     unsigned int spacesPerLevel;
     bool isOneLine;
