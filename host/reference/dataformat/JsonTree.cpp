@@ -181,7 +181,7 @@ void removeDuplicates(Members& members) {
         if (isRemoved[i])
             destroyChildren(all[i].second);
         else
-            appendMember(remaining, all[i].first) = std::move(all[i].second);
+            appendMember(remaining, all[i].first, std::move(all[i].second));
     }
     members.swap(remaining);
 }

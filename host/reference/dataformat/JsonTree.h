@@ -42,14 +42,14 @@ JsonTree copyTree(const Node& value);
 /// Makes room for more members.
 void growMembers(Node::object_t& members);
 
-/// Adds a null member after the others and returns its value. The object must not have the key yet. (Objects
-/// are vectors of pairs with a constant key: their own insertions search for the key, and copy every member
-/// when they grow.)
-template <typename Key>
-Node& appendMember(Node::object_t& members, Key&& key) {
+/// Adds a member after the others. The object must not have the key yet. (Objects are vectors of pairs with a
+/// constant key: their own insertions search for the key, and copy every member when they grow.)
+template <typename Key, typename Value = std::nullptr_t>
+Node& appendMember(Node::object_t& members, Key&& key, Value&& value = nullptr) {
     if (members.size() == members.capacity())
         growMembers(members);
-    return members.Node::object_t::Container::emplace_back(std::forward<Key>(key), nullptr).second;
+    return members.Node::object_t::Container::emplace_back(std::forward<Key>(key), std::forward<Value>(value))
+        .second;
 }
 
 /// Duplicate keys: keeps the last value, at the position of the first. Takes the time of sorting.

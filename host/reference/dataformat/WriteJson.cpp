@@ -4,6 +4,7 @@
 #include "norel/Desktop/DataFormat/Json.h"
 
 #include <cmath>
+#include <type_traits>
 
 namespace norel::Desktop::DataFormat {
 
@@ -25,19 +26,48 @@ void checkNumbersAndDepth(const Node& value, std::size_t depth = 0) {
 
 } // namespace
 
+/// Writes a node. Unless it is constant, its children are destroyed as soon as they are written, while they
+/// are still in the processor's cache.
 class JsonTreeWriter {
 public:
-    static void write(Json::Writer& writer, const Node& value) {
+    template <typename AnyNode>
+    static void write(Json::Writer& writer, AnyNode& value) {
+        if (value.is_object())
+            writeObject(writer, *value.template get_ptr<CopyConst<AnyNode, Node::object_t>*>());
+        else if (value.is_array())
+            writeArray(writer, *value.template get_ptr<CopyConst<AnyNode, Node::array_t>*>());
+        else
+            writeScalar(writer, value);
+    }
+
+private:
+    template <typename From, typename To>
+    using CopyConst = std::conditional_t<std::is_const_v<From>, const To, To>;
+
+    template <typename Members>
+    static void writeObject(Json::Writer& writer, Members& members) {
+        writer.beginObject();
+        for (auto& [key, member] : members) {
+            writer.key(key);
+            write(writer, member);
+        }
+        writer.endObject();
+        clear(members);
+    }
+
+    template <typename Elements>
+    static void writeArray(Json::Writer& writer, Elements& elements) {
+        writer.beginArray();
+        for (std::size_t i = 0; i < elements.size(); ++i) {
+            write(writer, elements[i]);
+            writer.tellProgress(i + 1, elements.size());
+        }
+        writer.endArray();
+        clear(elements);
+    }
+
+    static void writeScalar(Json::Writer& writer, const Node& value) {
         switch (value.type()) {
-        case Node::value_t::object:
-            writer.beginObject();
-            for (const auto& [key, member] : value.get_ref<const Node::object_t&>()) {
-                writer.key(key);
-                write(writer, member);
-            }
-            return writer.endObject();
-        case Node::value_t::array:
-            return writeArray(writer, value.get_ref<const Node::array_t&>());
         case Node::value_t::string:
             return writer.write(value.get_ref<const std::string&>());
         case Node::value_t::boolean:
@@ -53,26 +83,32 @@ public:
         }
     }
 
-private:
-    static void writeArray(Json::Writer& writer, const Node::array_t& elements) {
-        writer.beginArray();
-        for (std::size_t i = 0; i < elements.size(); ++i) {
-            write(writer, elements[i]);
-            writer.tellProgress(i + 1, elements.size());
-        }
-        writer.endArray();
+    template <typename Children>
+    static void clear(Children& children) {
+        if constexpr (!std::is_const_v<Children>)
+            children.clear(); // which have no children any more
     }
 };
 
-std::string writeJson(const Node& value, int indent) {
+namespace {
+
+template <typename AnyNode>
+std::string write(AnyNode& value, int indent) {
     try {
         Json::Writer writer(indent);
         JsonTreeWriter::write(writer, value);
         return writer.takeText();
     } catch (const Json::JsonError&) {
-        checkNumbersAndDepth(value); // their errors precede that of a string, wherever they stand
+        // Their errors precede that of a string, wherever they stand. What is written already has none.
+        checkNumbersAndDepth(value);
         throw;
     }
 }
+
+} // namespace
+
+std::string writeJson(const Node& value, int indent) { return write(value, indent); }
+
+std::string writeJson(Node&& value, int indent) { return write(value, indent); }
 
 } // namespace norel::Desktop::DataFormat

@@ -1,6 +1,8 @@
 #include "norel/Desktop/DataFormat/Json.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
+#include <iterator>
 #include <optional>
 #include <thread>
 #include <utility>
@@ -81,6 +83,15 @@ TEST_P(JsonSharing, ChangesDoNotAffectCopies) {
     copyOfView.set("b", 3);
     EXPECT_EQ(textOf(json), R"({"a":{"b":0},"list":0})");
     EXPECT_EQ(textOf(value), R"({"b":{"c":1}})");
+}
+
+TEST_P(JsonSharing, TextOfATemporaryLeavesOtherValuesAlone) {
+    std::vector<std::string> before, after;
+    std::transform(kept.begin(), kept.end(), std::back_inserter(before), textOf);
+    EXPECT_EQ(Json(json).toString(-1), text);
+    EXPECT_EQ(std::move(json).toString(-1), text);
+    std::transform(kept.begin(), kept.end(), std::back_inserter(after), textOf);
+    EXPECT_EQ(after, before);
 }
 
 TEST_P(JsonSharing, ViewsMayOutliveTheirOwner) {

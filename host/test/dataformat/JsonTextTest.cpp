@@ -80,6 +80,8 @@ TEST(JsonText, RefusesToWriteWhatCannotBeReadBack) {
     const Json deepest = Json::fromString(nested(100, "[", "]"));
     Json incompleteKey;
     incompleteKey.set("\xC3", 1);
+    const std::vector<Json> both{Json(std::map<std::string, int>{{"a", 1}}), incompleteKey, notANumber};
+    const Json array(both);
     Json::Writer writer(-1), deepWriter(512);
     const std::pair<std::function<void()>, std::string> cases[] = {
         {[&] { Json(infinity).toString(4); }, notFinite},
@@ -94,6 +96,8 @@ TEST(JsonText, RefusesToWriteWhatCannotBeReadBack) {
         {[&] { Json("a\xFF").toString(4); }, notUtf8},
         {[&] { writer.write("a\xFF"); }, notUtf8},
         {[&] { incompleteKey.toString(4); }, incomplete},
+        {[&] { array.toString(4); }, notFinite},
+        {[&] { Json(both).toString(4); }, notFinite}, // a temporary
         {[&] { Json::Writer::Key("\xC3"); }, incomplete}};
     for (const auto& [operation, message] : cases)
         EXPECT_THAT(operation, ThrowsMessage<Json::JsonError>(message));

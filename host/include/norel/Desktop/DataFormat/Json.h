@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 /// JSON values and text.
@@ -81,7 +82,10 @@ public:
     /// The JSON text. Each element or member has a line of its own, with `indent` spaces (at most 512) per
     /// level; a negative `indent` gives a single line. Throws JsonError for what fromString would not read
     /// back: a number that is not finite, a string that is not UTF-8, or nesting deeper than MAXIMUM_DEPTH.
-    std::string toString(int indent) const;
+    std::string toString(int indent) const&;
+    /// The same of a temporary value, whose memory is released while the text grows; its contents are lost. A
+    /// host may leave this overload out.
+    std::string toString(int indent) &&;
 
     /// Whether this is an object with that member.
     bool contains(const std::string& key) const;
@@ -120,6 +124,7 @@ public:
 
 private:
     friend class JsonConstIterator;
+    using Scalar = std::variant<std::nullptr_t, bool, int, unsigned int, double>;
     struct Tree;
     struct Internals; // everything that uses the JSON library's own type, which no header shows
 
@@ -127,8 +132,9 @@ private:
 
     // A tree counts the objects that hold it, and the views among them. Without views it is shared by any
     // number of values and must not change; with views it belongs to them and at most one value.
-    Tree* tree = nullptr;          // null: the value is null
+    Tree* tree = nullptr;
     const void* node = nullptr;    // of a value: where it is in the tree
+    Scalar scalar{nullptr};        // the value if there is no tree
     std::vector<std::string> path; // of a view: the keys from the root of the tree; empty for a value
 };
 
