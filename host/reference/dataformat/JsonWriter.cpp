@@ -33,8 +33,9 @@ std::string escapeOf(char character) {
 /// one number in 700, 0.01207 among them, and documents must not change.
 char* writeFloatingPoint(char* to, double number) {
     constexpr double limit = 1e15; // from which on the JSON library writes an exponent
-    if (std::abs(number) < limit && std::trunc(number) == number && number != 0) {
-        to = std::to_chars(to, to + MAXIMUM_NUMBER_LENGTH, static_cast<std::int64_t>(number)).ptr;
+    const std::int64_t whole = std::abs(number) < limit ? static_cast<std::int64_t>(number) : 0;
+    if (whole != 0 && static_cast<double>(whole) == number) {
+        to = std::to_chars(to, to + MAXIMUM_NUMBER_LENGTH, whole).ptr;
         *to++ = '.';
         *to++ = '0';
         return to;
@@ -78,7 +79,7 @@ char* copyShort(std::string_view text, char* to) {
 
 Json::Writer::Key::Key(std::string_view name) {
     Writer writer(0);
-    writer.appendQuoted({}, name, ": ");
+    writer.appendQuoted({}, name, 2);
     quoted = writer.takeText();
 }
 
@@ -105,19 +106,22 @@ inline void Json::Writer::setEnd(const char* end) { tailSize = static_cast<std::
 
 inline void Json::Writer::append(std::string_view piece) { setEnd(copyShort(piece, makeRoom(piece.size()))); }
 
+/// The colon after a key is alone or followed by a space; that after another string has the length 0.
 inline void Json::Writer::appendQuoted(std::string_view before, std::string_view string,
-                                       std::string_view after) {
-    char* to = copyShort(before, makeRoom(before.size() + string.size() + after.size() + 2));
+                                       std::size_t lengthOfColon) {
+    char* to = copyShort(before, makeRoom(before.size() + string.size() + 4));
     *to++ = '"';
     std::uint64_t notPlain = 0;
     char* end = copyShort(string, to, [&](std::uint64_t bytes) { notPlain |= findNotPlain(bytes); });
     if (notPlain != 0) { // which is rare: begins anew
         setEnd(to);
         appendEscaped(string);
-        end = makeRoom(after.size() + 1);
+        end = makeRoom(3);
     }
     *end++ = '"';
-    setEnd(copyShort(after, end));
+    end[0] = ':';
+    end[1] = ' ';
+    setEnd(end + lengthOfColon);
 }
 
 void Json::Writer::appendEscaped(std::string_view string) {
@@ -180,7 +184,7 @@ void Json::Writer::key(const Key& prepared) {
 }
 
 void Json::Writer::key(std::string_view name) {
-    appendQuoted(std::string_view(separator).substr(isFirst ? 1 : 0), name, {": ", isOneLine ? 1U : 2U});
+    appendQuoted(std::string_view(separator).substr(isFirst ? 1 : 0), name, isOneLine ? 1 : 2);
     isFirst = false;
     isKeyWritten = true;
 }
@@ -216,7 +220,7 @@ void Json::Writer::write(double number) {
 
 void Json::Writer::write(std::string_view string) {
     beginValue();
-    appendQuoted({}, string, {});
+    appendQuoted({}, string, 0);
 }
 
 std::string Json::Writer::takeText() {

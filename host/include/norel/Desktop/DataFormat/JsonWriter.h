@@ -70,7 +70,7 @@ private:
     char* makeRoom(std::size_t size); // the place for that many characters
     void setEnd(const char* end);     // after they were written there
     void append(std::string_view piece);
-    void appendQuoted(std::string_view before, std::string_view string, std::string_view after);
+    void appendQuoted(std::string_view before, std::string_view string, std::size_t lengthOfColon);
     void appendEscaped(std::string_view string);
     void flush();
 
